@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+class QObject;
+class WXEAudioFile;
+
+/// The container as its children see it: their `parentVC`, and the only road to their siblings.
+///
+/// Children hold it weakly. Narrow on purpose, so that each child can be tested with a stand-in.
+class EditorContainer
+{
+public:
+    virtual ~EditorContainer() = default;
+
+    /// Asks the host to play the item unless it plays already. True when the host was asked.
+    virtual bool tryToPlay() = 0;
+    /// Presses the play button of the player strip (`PlayPauseClicked`).
+    virtual void pressPlayPause(QObject *sender) = 0;
+    /// Shows `item` (null for none) in all children.
+    virtual void flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item) = 0;
+    /// Puts the preview in the line editor's place.
+    virtual void prPreviewClicked(QObject *sender) = 0;
+    /// Puts the line editor back.
+    virtual void backFromPreview(QObject *sender) = 0;
+    /// Opens the line editor's offset dialog.
+    virtual void previewOffsetClicked(QObject *sender) = 0;
+
+protected:
+    EditorContainer() = default;
+    EditorContainer(const EditorContainer &) = default;
+    EditorContainer &operator=(const EditorContainer &) = default;
+};

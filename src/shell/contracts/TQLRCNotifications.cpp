@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: MIT
+#include "shell/contracts/TQLRCNotifications.h"
+
+const QString TQLRCEditorAdjustTimeFinishNotification
+    = QStringLiteral("TQLRCEditorAdjustTimeFinishNotification");
