@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "kit/FormLoader.h"
 
+#include "kit/KitWidgets.h"
 #include "kit/Log.h"
+#include "kit/ThemedForm.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QHash>
@@ -92,6 +94,11 @@ std::unique_ptr<QWidget> FormLoader::load(const QString &path)
         qCWarning(lcKit) << "no form" << path << file.errorString();
         return nullptr;
     }
+    static const bool kitIsKnown = [] {
+        registerKitWidgets();
+        return true;
+    }();
+    static_cast<void>(kitIsKnown);
     Loader loader;
     std::unique_ptr<QWidget> root(loader.load(&file));
     if (root == nullptr) {
@@ -99,6 +106,7 @@ std::unique_ptr<QWidget> FormLoader::load(const QString &path)
         return nullptr;
     }
     translateForm(root.get());
+    ThemedForm::install(root.get());
     return root;
 }
 
