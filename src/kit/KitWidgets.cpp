@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "kit/KitWidgets.h"
+
+#include "kit/CoverView.h"
+#include "kit/DropTipView.h"
+#include "kit/ElidedLabel.h"
+#include "kit/FiguresLabel.h"
+#include "kit/FormLoader.h"
+#include "kit/MyStyledView.h"
+#include "kit/ProgressSliderView.h"
+#include "kit/RoundButton.h"
+
+namespace kit {
+
+void registerKitWidgets()
+{
+    FormLoader::registerWidget<CoverView>("CoverView");
+    FormLoader::registerWidget<DropTipView>("DropTipView");
+    FormLoader::registerWidget<ElidedLabel>("ElidedLabel");
+    FormLoader::registerWidget<FiguresLabel>("FiguresLabel");
+    FormLoader::registerWidget<MyStyledView>("MyStyledView");
+    FormLoader::registerWidget<ProgressSliderView>("ProgressSliderView");
+    FormLoader::registerWidget<RoundButton>("RoundButton");
+}
+
+} // namespace kit
