@@ -147,11 +147,11 @@ void DropTipView::changeEvent(QEvent *event)
 void DropTipView::applyTheme()
 {
     const kit::Theme theme(this);
-    QPalette quiet = palette();
+    QPalette quiet;
     quiet.setColor(QPalette::WindowText, theme.quietText);
     quiet.setColor(QPalette::ButtonText, theme.quietText);
     m_btnHelp->setPalette(quiet);
-    QPalette plain = palette();
+    QPalette plain;
     plain.setColor(QPalette::WindowText, theme.text);
     m_prompt->setPalette(plain);
     m_prompt->setFont(kit::textFont(font(), kit::TextSize::Body));

@@ -6,6 +6,7 @@
 #include "kit/Log.h"
 
 #include <QtCore/QEvent>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLayout>
 
 #include <algorithm>
@@ -157,6 +158,14 @@ void ViewController::viewDidLoad()
 
 void ViewController::viewWillLayout()
 { }
+
+void ViewController::connectAction(QAbstractButton *button, std::function<void(QObject *sender)> action)
+{
+    connect(button, &QAbstractButton::clicked, this, [this, button, run = std::move(action)] {
+        const auto self = weak_from_this().lock();
+        run(button);
+    });
+}
 
 QWidget *ViewController::findOutlet(const char *objectName) const
 {

@@ -9,6 +9,8 @@
 #include <memory>
 #include <vector>
 
+class QAbstractButton;
+
 namespace kit {
 
 enum class Transition { None, CrossFade };
@@ -69,6 +71,9 @@ protected:
 
     /// For loadView(). Takes the widget over.
     void setView(QWidget *view);
+
+    /// Runs `action` with the button at each click; the controller lives until it returns.
+    void connectAction(QAbstractButton *button, std::function<void(QObject *sender)> action);
 
     /// Points `slot` at the form's `T` named `objectName` (the root counts too).
     /// False, with a line in the log, when there is none.

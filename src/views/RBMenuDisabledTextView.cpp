@@ -63,7 +63,7 @@ void RBMenuDisabledTextView::formatChange(int position, int added)
 
 void RBMenuDisabledTextView::applySelectionColor()
 {
-    QPalette colors = palette();
+    QPalette colors; // these two alone: the others are inherited
     colors.setColor(QPalette::Highlight, Qt::transparent);
     colors.setColor(QPalette::HighlightedText, kit::currentLineColor());
     setPalette(colors);
