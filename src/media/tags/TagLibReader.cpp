@@ -126,4 +126,9 @@ Outcome<LibraryView> readWithTagLib(const ByteSource &source, Format format, con
     return Failure{Reason::Unsupported, "This kind of file cannot be read."};
 }
 
+std::string textAsTagLibReads(std::string_view text)
+{
+    return TagLib::String(std::string(text), TagLib::String::UTF8).to8Bit(true);
+}
+
 } // namespace tags

@@ -5,6 +5,7 @@
 #include "media/tags/Outcome.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tags {
@@ -32,5 +33,8 @@ struct LibraryView
 /// more than a bounded number of bytes.
 [[nodiscard]] Outcome<LibraryView> readWithTagLib(
     const ByteSource &source, Format format, const std::string &name);
+
+/// `text` as it comes out of the library when it stood in a tag as UTF-8.
+[[nodiscard]] std::string textAsTagLibReads(std::string_view text);
 
 } // namespace tags

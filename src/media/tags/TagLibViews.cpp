@@ -56,9 +56,11 @@ const TagLib::String *asLyric(const TagLib::ID3v2::Frame &frame, TagLib::String 
     return &text;
 }
 
+/// Texts, data and pictures. Numbers are left out: an item does not say of which width its number
+/// is, and reading the wrong one reads memory that was never set.
 std::string itemValue(const TagLib::MP4::Item &item)
 {
-    std::string value = std::to_string(item.toInt());
+    std::string value;
     for (const TagLib::String &text : item.toStringList())
         value += '\n' + utf8(text);
     for (const TagLib::ByteVector &data : item.toByteVectorList())
@@ -101,8 +103,9 @@ void addView(const TagLib::Ogg::XiphComment &comment, LibraryView &out)
 
 void addView(const TagLib::MP4::Tag &tag, LibraryView &out)
 {
+    const TagLib::String lyricName("\xA9lyr", TagLib::String::Latin1); // compared as characters, not as bytes
     for (const auto &[name, item] : tag.itemMap()) {
-        if (name == "\xA9lyr") {
+        if (name == lyricName) {
             for (const TagLib::String &text : item.toStringList())
                 out.lyrics.push_back(utf8(text));
             continue;
