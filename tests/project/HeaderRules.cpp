@@ -42,7 +42,7 @@ DeclaredHeaders readDeclaredHeaders(const std::string &text)
     std::string path;
     while (lines >> kind >> path) {
         if (kind != "public" && kind != "private") {
-            throw std::runtime_error("neither public nor private: " + kind + ' ' + path);
+            throw std::runtime_error("neither public nor private: " + path);
         }
         (kind == "public" ? declared.publicOnes : declared.privateOnes).insert(path);
     }
