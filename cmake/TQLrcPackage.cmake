@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 #
-# The package: every module that tqlrc_module() made, its public headers, and what
-# find_package(TQLrcEditor) needs. Included once all modules exist.
+# The package: every module that tqlrc_module() made, but for the insides of our own programs; its
+# public headers, and what find_package(TQLrcEditor) needs. Included once all modules exist.
 
 include(CMakePackageConfigHelpers)
 
@@ -32,6 +32,7 @@ endfunction()
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/TQLrcEditor)
 
 get_property(modules GLOBAL PROPERTY TQLRC_MODULES)
+list(REMOVE_ITEM modules tqlrc_host tqlrc_cli)
 foreach(module IN LISTS modules)
     install(TARGETS ${module} EXPORT TQLrcEditorTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}

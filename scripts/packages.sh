@@ -6,7 +6,7 @@
 
 declare -A PACKAGES WHY
 
-WHY[tools]="to configure and compile"
+WHY[tools]="configuring and compiling"
 PACKAGES[tools]="git cmake ninja-build g++ pkgconf"
 WHY[qt]="the widgets, the forms and their translations"
 PACKAGES[qt]="qt6-base-dev libqt6opengl6-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
@@ -40,15 +40,18 @@ missing_packages() {
     done
 }
 
-# apt-get as root, asking nothing.
+# apt-get as root, asking nothing; what it has to say is shown only when it fails.
 apt_get() {
-    local as_root=()
+    local as_root=() log
     if ((EUID != 0)); then
         command -v sudo >/dev/null || fail "installing them needs root, or sudo"
         as_root=(sudo)
     fi
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get -qq -y -o Dpkg::Use-Pty=0 "$@" </dev/null
+    if ! log=$("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get -qq -y -o Dpkg::Use-Pty=0 "$@" 2>&1 </dev/null); then
+        printf '%s\n' "$log" >&2
+        fail "apt-get $1 failed"
+    fi
 }
 
 # need <group>…: installs what the groups lack. Where nothing is lacking, apt is not touched.
@@ -62,11 +65,11 @@ need() {
         # shellcheck disable=SC2086  # a list of words
         lacking=$(missing_packages ${PACKAGES[$group]})
         [[ -n $lacking ]] || continue
-        say "installing for ${WHY[$group]}: $lacking"
+        say "installing for ${WHY[$group]}: ${lacking% }"
         # shellcheck disable=SC2206  # a list of words
         all+=($lacking)
     done
     ((${#all[@]})) || return 0
     apt_get update
-    apt_get install --no-install-recommends "${all[@]}" >/dev/null
+    apt_get install --no-install-recommends "${all[@]}"
 }

@@ -42,7 +42,7 @@ DeclaredHeaders readDeclaredHeaders(const std::string &text)
     std::string path;
     while (lines >> kind >> path) {
         if (kind != "public" && kind != "private") {
-            throw std::runtime_error("neither public nor private: " + kind + ' ' + path);
+            throw std::runtime_error("neither public nor private: " + path);
         }
         (kind == "public" ? declared.publicOnes : declared.privateOnes).insert(path);
     }
@@ -56,7 +56,7 @@ std::vector<Violation> headerViolationsBelow(
     for (const std::string &file : cppFilesBelow(root)) {
         const bool known = declared.publicOnes.contains(file) || declared.privateOnes.contains(file);
         if (isHeader(file) && !isOfProgram(file) && !known) {
-            found.push_back({file, 0, "no target lists this header"});
+            found.push_back({file, 0, "not listed by its target, as public (HEADERS) or private (SOURCES)"});
         }
         for (const Include &include : includesOf(contentsOf(root / file))) {
             if (std::string fault = faultOf(file, include, declared); !fault.empty()) {

@@ -30,7 +30,8 @@ set_up() {
     mkdir -p "$BOX/bin" "$COPY/scripts" "$COPY/build/dev/bin" "$BOX/else where"
     cp "$SOURCE/dev" "$SOURCE/CMakePresets.json" "$COPY/"
     cp "$SOURCE/scripts/packages.sh" "$COPY/scripts/"
-    for tool in cmake apt-get clang-format; do stand_in "$tool" "$NOTE"; done
+    for tool in cmake clang-format; do stand_in "$tool" "$NOTE"; done
+    stand_in apt-get "$NOTE; echo 'the trouble with apt' >&2; exit \${APT_ANSWERS:-0}"
     stand_in sudo "$NOTE; exec \"\$@\""
     stand_in ctest "$NOTE; echo 'the summary of ctest'; exit \${CTEST_ANSWERS:-0}"
     # Answers as if everything were installed, but for the packages named in LACKING.
@@ -66,10 +67,11 @@ called() { grep -qxF -- "$1" "$LOG"; }
 calls() { (($(grep -c "^$1" "$LOG") == $2)); }
 answered() { ((ANSWER == $1)); }
 last_line() { [[ ${OUT##*$'\n'} == "$1" ]]; }
+not_said() { [[ $OUT != *"$1"* ]]; }
 said() { [[ $OUT == *"$1"* ]]; }
 
 set_up
-unset DISPLAY WAYLAND_DISPLAY TQLRC_DEMO_DIR LACKING CTEST_ANSWERS
+unset DISPLAY WAYLAND_DISPLAY TQLRC_DEMO_DIR LACKING CTEST_ANSWERS APT_ANSWERS
 
 dev_says build
 check 'with every package there, apt is not touched' calls apt-get 0
@@ -79,8 +81,14 @@ LACKING='g++ libtag1-dev' dev_says build release
 check 'what is lacking is installed in one go' called \
     'apt-get [-qq] [-y] [-o] [Dpkg::Use-Pty=0] [install] [--no-install-recommends] [g++] [libtag1-dev]'
 check 'the lists are brought up to date once' calls 'apt-get.*update' 1
-check 'it is said what is installed and why' said 'to configure and compile: g++'
+check 'apt is quiet when it succeeds' not_said 'the trouble with apt'
+check 'it is said what is installed and why' said 'for configuring and compiling: g++'
 check 'the preset that was named is configured' called 'cmake [--preset] [release] [--log-level=NOTICE]'
+
+APT_ANSWERS=100 LACKING='g++' dev_says build
+check 'when apt fails, its words are shown' said 'the trouble with apt'
+check 'and nothing is built' calls cmake 0
+check 'and the answer says so' answered 1
 
 LACKING='qt6-base-dev' dev_says build model
 check 'the lyric model is built without the toolkit' calls apt-get 0
