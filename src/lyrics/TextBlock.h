@@ -74,10 +74,13 @@ public:
     /// A block of its own that holds a copy of `text`.
     [[nodiscard]] static BlockRef copyOf(std::string_view text);
 
-    explicit operator bool() const { return m_block != nullptr; }
-    [[nodiscard]] TextBlock *get() const { return m_block; }
+    /// Takes over a reference that the caller holds; only where there is none yet.
+    void adopt(TextBlock *owned) { m_block = owned; }
     /// Gives the reference away; the caller has to release it.
     [[nodiscard]] TextBlock *take() { return std::exchange(m_block, nullptr); }
+
+    explicit operator bool() const { return m_block != nullptr; }
+    [[nodiscard]] TextBlock *get() const { return m_block; }
     /// The bytes; empty without a block.
     [[nodiscard]] std::string_view text() const
     {

@@ -57,13 +57,6 @@ void TimeList::clear()
     m_size = 0;
 }
 
-void TimeList::append(std::int64_t millis)
-{
-    if (m_size == (m_onHeap ? m_storage.heap.capacity : kInPlace))
-        grow();
-    data()[m_size++] = millis;
-}
-
 void TimeList::grow()
 {
     const std::size_t capacity = std::size_t(m_size) * 2;
@@ -75,14 +68,11 @@ void TimeList::grow()
     m_onHeap = true;
 }
 
-/// Only on a list that owns nothing.
-void TimeList::copyFrom(const TimeList &other)
+void TimeList::copyLong(const TimeList &other)
 {
-    m_size = other.m_size;
-    m_touched = other.m_touched;
-    m_onHeap = m_size > kInPlace;
-    if (m_onHeap)
-        m_storage.heap = {new std::int64_t[m_size], m_size};
+    const std::size_t capacity = std::max<std::size_t>(m_size, kInPlace);
+    m_storage.heap = {new std::int64_t[capacity], capacity};
+    m_onHeap = true;
     std::copy_n(other.data(), m_size, data());
 }
 

@@ -5,12 +5,22 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <limits>
 #include <optional>
 #include <span>
 
 class RBSongLine;
 
 namespace lyrics {
+
+/// `time` moved by `millis`; 0 where that falls below, the largest time where it leaves the range.
+[[nodiscard]] inline std::int64_t shifted(std::int64_t time, std::int64_t millis)
+{
+    std::int64_t sum = 0;
+    if (__builtin_add_overflow(time, millis, &sum))
+        return millis > 0 ? std::numeric_limits<std::int64_t>::max() : 0;
+    return sum > 0 ? sum : 0;
+}
 
 /// The times of one line, in milliseconds, in the order in which they were stamped.
 ///
@@ -75,6 +85,22 @@ public:
     void erase(std::size_t index);
     void clear();
     void removeAllObjects() { clear(); }
+    /// Adds `millis` to every time; what would fall below 0 becomes 0, what would leave the range stays at
+    /// its end. An amount of 0 changes nothing.
+    void shift(std::int64_t millis)
+    {
+        if (millis == 0 || empty())
+            return;
+        m_touched = true;
+        if (m_onHeap) {
+            for (std::size_t i = 0; i < m_size; ++i)
+                m_storage.heap.times[i] = shifted(m_storage.heap.times[i], millis);
+            return;
+        }
+        // Both places, used or not: nobody reads the second one before it is written again.
+        m_storage.inPlace[0] = shifted(m_storage.inPlace[0], millis);
+        m_storage.inPlace[1] = shifted(m_storage.inPlace[1], millis);
+    }
 
     /// The same times in the same order.
     friend bool operator==(const TimeList &a, const TimeList &b)
@@ -102,9 +128,24 @@ private:
         return m_onHeap ? m_storage.heap.times : m_storage.inPlace;
     }
     [[nodiscard]] std::int64_t *data() { return m_onHeap ? m_storage.heap.times : m_storage.inPlace; }
-    void append(std::int64_t millis);
+    void append(std::int64_t millis)
+    {
+        if (m_size >= kInPlace && (!m_onHeap || m_size == m_storage.heap.capacity))
+            grow();
+        data()[m_size++] = millis;
+    }
     void grow();
-    void copyFrom(const TimeList &other);
+    /// Only on a list that owns nothing.
+    void copyFrom(const TimeList &other)
+    {
+        m_size = other.m_size;
+        m_touched = other.m_touched;
+        if (other.m_onHeap)
+            copyLong(other);
+        else
+            m_storage = other.m_storage;
+    }
+    void copyLong(const TimeList &other);
     void takeFrom(TimeList &other) noexcept;
     /// For whole lines: the list as it stands in another line, with what is known about it.
     void replaceWith(const TimeList &other);
@@ -120,7 +161,7 @@ private:
         Heap heap;
     };
 
-    Storage m_storage;
+    Storage m_storage = {.inPlace = {0, 0}};
     std::uint32_t m_size = 0;
     bool m_onHeap = false;
     bool m_touched = false;
