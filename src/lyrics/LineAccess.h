@@ -36,6 +36,11 @@ struct LineAccess
         line.m_textBegin = static_cast<std::uint32_t>(begin);
         line.m_textLength = static_cast<std::uint32_t>(end - begin);
     }
+    /// The times that the line was read with, in a place that lives as long as its block.
+    static void setReadTimes(RBSongLine &line, std::int64_t *times, std::size_t count)
+    {
+        line.m_times.borrow(times, count);
+    }
     static void addReadTime(RBSongLine &line, std::int64_t millis) { line.m_times.append(millis); }
     static void setJoins(RBSongLine &line, bool toPrevious, bool toNext)
     {

@@ -64,6 +64,7 @@ private:
     bool readTimedLine(const char *begin, const char *p, const char *textEnd, const char *end);
     const char *readTagLine(const char *begin, const char *p, const char *textEnd, const char *end);
     void readTextLine(const char *begin, const char *p, const char *textEnd, const char *end);
+    void addTime(RBSongLine &line, std::int64_t millis);
     bool isAccepted(const IdTag &tag, const char *rest, const char *textEnd) const;
     RBSongLine &add(
         const char *begin, const char *end, const char *textBegin, const char *textEnd, Kind kind);
@@ -74,6 +75,8 @@ private:
     ReferenceStock m_references;
     ReadSong m_song;
     ColonForms m_colonForms;
+    /// The times of the line that is being read, once they are more than it has room for.
+    std::vector<std::int64_t> m_manyTimes;
     bool m_lyricSeen;
     /// The line that is read next shares its physical line with the one before.
     bool m_isJoined = false;
@@ -119,7 +122,7 @@ bool Reader::readTimedLine(const char *begin, const char *p, const char *textEnd
         return false;
     RBSongLine &line = add(begin, end, p, p, Kind::Text);
     do {
-        LineAccess::addReadTime(line, tag.millis);
+        addTime(line, tag.millis);
         if (tag.colonForm) {
             LineAccess::setHasColonForm(line, m_reading);
             m_colonForms.hasAny = true;
@@ -127,11 +130,28 @@ bool Reader::readTimedLine(const char *begin, const char *p, const char *textEnd
         }
         p = skipBlanks(tag.end, textEnd);
     } while (p < textEnd && *p == '[' && readTimeTag(p, textEnd, m_reading, tag));
+    if (!m_manyTimes.empty()) {
+        LineAccess::setReadTimes(line, m_block->store(m_manyTimes), m_manyTimes.size());
+        m_manyTimes.clear();
+    }
     const char *last = skipBlanksBack(p, textEnd);
     LineAccess::setJoins(line, m_isJoined, false);
     LineAccess::setText(line, static_cast<std::size_t>(p - m_base), static_cast<std::size_t>(last - m_base));
     m_lyricSeen = true;
     return true;
+}
+
+/// A line of many times keeps them with the block, so that it needs no memory of its own.
+void Reader::addTime(RBSongLine &line, std::int64_t millis)
+{
+    const TimeList &times = std::as_const(line).aryTimes();
+    if (m_manyTimes.empty() && times.size() < TimeList::kInPlace) {
+        LineAccess::addReadTime(line, millis);
+        return;
+    }
+    if (m_manyTimes.empty())
+        m_manyTimes.assign(times.begin(), times.end());
+    m_manyTimes.push_back(millis);
 }
 
 /// One ID tag. Answers where the next line of the same physical line begins, `end` when there is none, and

@@ -84,6 +84,8 @@ void RBSongLine::replaceText(std::string_view newText)
     out = std::copy(before.begin(), before.end(), out);
     out = std::copy(newText.begin(), newText.end(), out);
     std::copy(after.begin(), after.end(), out);
+    // They may lie with the block that is let go.
+    m_times.own();
     m_begin = 0;
     m_length = static_cast<std::uint32_t>(block.get()->size());
     m_textBegin = static_cast<std::uint32_t>(before.size());

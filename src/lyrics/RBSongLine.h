@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 namespace lyrics {
 struct LineAccess;
@@ -22,8 +23,16 @@ class RBSongLine
 public:
     /// A line with no times, no text and no tag; it has a line end wherever it stands.
     RBSongLine() = default;
-    RBSongLine(const RBSongLine &other) = default;
-    RBSongLine(RBSongLine &&other) noexcept = default;
+    RBSongLine(const RBSongLine &other) : m_block(other.m_block)
+    {
+        m_times.copyFrom(other.m_times);
+        copyReading(other);
+    }
+    RBSongLine(RBSongLine &&other) noexcept : m_block(std::move(other.m_block))
+    {
+        m_times.takeFrom(other.m_times);
+        copyReading(other);
+    }
     RBSongLine &operator=(const RBSongLine &other);
     RBSongLine &operator=(RBSongLine &&other) noexcept;
     ~RBSongLine() = default;
