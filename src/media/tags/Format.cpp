@@ -44,7 +44,8 @@ constexpr Signature kOthers[] = {
 Failure unsupported(const char *name)
 {
     return {Reason::Unsupported,
-        std::string("Files of this kind (") + name + ") cannot be opened. Choose an MP3, FLAC, M4A or Ogg file."};
+        std::string("Files of this kind (") + name
+            + ") cannot be opened. Choose an MP3, FLAC, M4A or Ogg file."};
 }
 
 Failure notAudio()
