@@ -17,9 +17,14 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QToolButton>
 
 namespace {
+
+// Below this width, in logical pixels, the toolbar's words go and its pictures stay.
+constexpr int kWidthForWords = 860;
+constexpr int kToolWidth = 64;
+constexpr int kToolWidthWithoutWords = 40;
 
 // The accent has an ink of its own; on all else a picture follows the text.
 QColor inkOf(const QAbstractButton &button)
@@ -82,6 +87,20 @@ void TQLRCEditorViewCtl::viewDidLoad()
     // What was loaded before there was a view; the host heard of it then.
     updateTableColumns();
     m_tableView->reloadData();
+}
+
+void TQLRCEditorViewCtl::viewWillLayout()
+{
+    ViewController::viewWillLayout();
+    const bool words = view()->width() >= kWidthForWords;
+    const auto style = words ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly;
+    for (QToolButton *button : view()->findChildren<QToolButton *>()) {
+        button->setToolButtonStyle(style);
+        button->setMinimumWidth(words ? kToolWidth : kToolWidthWithoutWords);
+    }
+    if (auto *key = view()->findChild<QLabel *>(QStringLiteral("lblStampKey"))) {
+        key->setVisible(words);
+    }
 }
 
 void TQLRCEditorViewCtl::wireTable()

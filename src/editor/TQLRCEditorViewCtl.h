@@ -151,6 +151,7 @@ protected:
     [[nodiscard]] QString nibName() const override;
     bool connectOutlets() override;
     void viewDidLoad() override;
+    void viewWillLayout() override;
 
 private:
     using Action = void (TQLRCEditorViewCtl::*)(QObject *sender);

@@ -54,30 +54,10 @@ void AccentButton::paintEvent(QPaintEvent *event)
     icon().paint(&painter, iconRect, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
 }
 
-void AccentButton::changeEvent(QEvent *event)
-{
-    QPushButton::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
-        colourLabels();
-    }
-}
-
 void AccentButton::childEvent(QChildEvent *event)
 {
     QPushButton::childEvent(event);
-    if (event->type() == QEvent::ChildPolished) {
-        colourLabels();
-    }
-}
-
-void AccentButton::colourLabels()
-{
-    const QColor ink = kit::Theme(this).accentInk;
-    for (QLabel *label : findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly)) {
-        QPalette colours = label->palette();
-        if (colours.color(QPalette::WindowText) != ink) {
-            colours.setColor(QPalette::WindowText, ink);
-            label->setPalette(colours);
-        }
+    if (auto *label = qobject_cast<QLabel *>(event->child()); label && event->polished()) {
+        label->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
 }

@@ -5,7 +5,7 @@
 
 /// A button filled with the accent colour, for the one thing that a screen is about.
 ///
-/// Draws its icon at the left; labels laid over it take the colour that is readable on the accent.
+/// Draws its icon at the left; labels laid over it let the mouse through.
 class AccentButton : public QPushButton
 {
     Q_OBJECT
@@ -18,9 +18,5 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void changeEvent(QEvent *event) override;
     void childEvent(QChildEvent *event) override;
-
-private:
-    void colourLabels();
 };

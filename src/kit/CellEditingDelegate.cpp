@@ -11,6 +11,9 @@ namespace kit {
 
 namespace {
 
+// What every style leaves free around the text of a cell.
+constexpr int kStyleMargin = 3;
+
 // What is typed as text, or moves in it, belongs to the editor and not to a shortcut.
 bool isTyping(const QKeyEvent &event)
 {
@@ -89,7 +92,13 @@ void CellEditingDelegate::initStyleOption(QStyleOptionViewItem *option, const QM
 void CellEditingDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     const QModelIndex &index) const
 {
-    QStyledItemDelegate::paint(painter, option, index);
+    // The ground goes from edge to edge, the text keeps a distance from them.
+    if (option.state & QStyle::State_Selected) {
+        painter->fillRect(option.rect, option.palette.highlight());
+    }
+    QStyleOptionViewItem inner = option;
+    inner.rect.adjust(kCellMargin - kStyleMargin, 0, kStyleMargin - kCellMargin, 0);
+    QStyledItemDelegate::paint(painter, inner, index);
     painter->save();
     painter->setPen(QPen(themeOf(option.palette).line, 0));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());

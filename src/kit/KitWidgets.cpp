@@ -11,6 +11,7 @@
 #include "kit/MyTableView.h"
 #include "kit/ProgressSliderView.h"
 #include "kit/RoundButton.h"
+#include "kit/Separator.h"
 
 namespace kit {
 
@@ -25,6 +26,7 @@ void registerKitWidgets()
     FormLoader::registerWidget<MyTableView>("MyTableView");
     FormLoader::registerWidget<ProgressSliderView>("ProgressSliderView");
     FormLoader::registerWidget<RoundButton>("RoundButton");
+    FormLoader::registerWidget<Separator>("Separator");
 }
 
 } // namespace kit

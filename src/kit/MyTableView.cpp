@@ -4,6 +4,7 @@
 #include "kit/CellEditingDelegate.h"
 #include "kit/DataSourceTableModel.h"
 #include "kit/DropTipView.h"
+#include "kit/QuietHeader.h"
 #include "kit/Theme.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -50,10 +51,7 @@ void MyTableView::configure()
     // One height for all rows: the view never asks a row for its own.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(kit::kRowHeight);
-    horizontalHeader()->setFixedHeight(kit::kHeaderHeight);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    setHorizontalHeader(new kit::QuietHeader(this));
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
         [this](int column, int, int width) { keepColumnWithinLimits(column, width); });
 }

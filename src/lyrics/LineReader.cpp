@@ -39,11 +39,11 @@ private:
 class Reader
 {
 public:
-    Reader(TextBlock *block, ColonReading reading)
-        : m_block(block), m_base(block->data()), m_reading(reading)
+    Reader(TextBlock *block, ReadingContext context)
+        : m_block(block), m_base(block->data()), m_reading(context.reading)
           // No line is without a byte of its own.
           ,
-          m_references(block, block->size() + 1)
+          m_references(block, block->size() + 1), m_lyricSeen(context.lyricSeen)
     { }
 
     void read(const char *begin, const char *end);
@@ -67,7 +67,7 @@ private:
     ReferenceStock m_references;
     ReadSong m_song;
     ColonVote m_vote;
-    bool m_lyricSeen = false;
+    bool m_lyricSeen;
     /// The line that is read next shares its physical line with the one before.
     bool m_isJoined = false;
 };
@@ -194,13 +194,28 @@ ReadSong readSong(const BlockRef &text, std::size_t from)
         return {};
     const char *begin = bytes.data() + from;
     const char *end = bytes.data() + bytes.size();
-    Reader reader(text.get(), ColonReading::Fraction);
+    Reader reader(text.get(), {});
     reader.read(begin, end);
     if (reader.vote().result() == ColonReading::Fraction)
         return reader.takeSong();
-    Reader again(text.get(), ColonReading::Hours);
+    Reader again(text.get(), {ColonReading::Hours, false});
     again.read(begin, end);
     return again.takeSong();
+}
+
+ReadSong readPart(const BlockRef &text, ReadingContext context)
+{
+    const std::string_view bytes = text.text();
+    Reader reader(text.get(), context);
+    reader.read(bytes.data(), bytes.data() + bytes.size());
+    return reader.takeSong();
+}
+
+bool isLyric(const RBSongLine &line)
+{
+    if (LineAccess::isTagLine(line) || line.isOtherTag())
+        return false;
+    return !line.aryTimes().empty() || !line.lineText().empty();
 }
 
 } // namespace lyrics

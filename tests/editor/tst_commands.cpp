@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
+#include "support/Warnings.h"
 #include "support/ModalDialogs.h"
 
 #include "editor/LeadingNumber.h"
@@ -37,7 +38,7 @@ class Commands : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
+    void init() { testing_support::failOnAnyWarning(); }
 
     void titleTagDropsTheTimesAndKeepsTheText()
     {

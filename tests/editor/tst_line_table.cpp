@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
+#include "support/Warnings.h"
 #include "support/ModalDialogs.h"
 
 #include "kit/DropTipView.h"
@@ -20,7 +21,7 @@ class LineTable : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
+    void init() { testing_support::failOnAnyWarning(); }
 
     void emptyDocumentHasTwoColumnsAndNoRow()
     {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
+#include "support/Warnings.h"
 
 #include "kit/DropTipView.h"
 
@@ -44,7 +45,7 @@ private:
     }
 
 private Q_SLOTS:
-    void initTestCase() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
+    void init() { testing_support::failOnAnyWarning(); }
 
     void itemWithoutLyricIsAnUnchangedEmptyDocument()
     {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
+#include "support/Warnings.h"
 
 #include "views/RBNoResponseTextFiled.h"
 
@@ -27,7 +28,7 @@ class TimeTagging : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QTest::failOnWarning(QRegularExpression(QStringLiteral("."))); }
+    void init() { testing_support::failOnAnyWarning(); }
 
     void labelReadsZeroBeforeTheFirstTick()
     {
