@@ -24,8 +24,8 @@ target_compile_definitions(tqlrc_options INTERFACE
 #
 # The library tqlrc_<name>, alias TQLrcEditor::<name>. HEADERS are public: they stand in a file
 # set, are installed, and the target all_verify_interface_header_sets compiles each of them alone.
-# Headers that only the module itself includes stand among its SOURCES. QT turns on moc and the
-# resource compiler. Every module becomes part of the package (TQLrcPackage.cmake).
+# Every other header of the folder is private to the module, which a test holds. QT turns on moc
+# and the resource compiler. Every module becomes part of the package (TQLrcPackage.cmake).
 function(tqlrc_module name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;HEADERS;LINKS;PRIVATE_LINKS")
     set(target tqlrc_${name})
