@@ -12,7 +12,11 @@ target_compile_options(tqlrc_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Wcast-qual -Wformat=2 -Werror)
 if(TQLRC_SANITIZE)
+<<<<<<< HEAD
     # A list with a comma cannot stand in a generator expression.
+=======
+    # Not by $<BOOL:…>: the list of sanitizers has commas, which would be arguments of it.
+>>>>>>> tags
     target_compile_options(tqlrc_options INTERFACE
         -fsanitize=${TQLRC_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     target_link_options(tqlrc_options INTERFACE -fsanitize=${TQLRC_SANITIZE})
@@ -25,8 +29,8 @@ target_compile_definitions(tqlrc_options INTERFACE
 #
 # The library tqlrc_<name>, alias TQLrcEditor::<name>. HEADERS are public: they stand in a file
 # set, are installed, and the target all_verify_interface_header_sets compiles each of them alone.
-# Headers that only the module itself includes stand among its SOURCES. QT turns on moc and the
-# resource compiler. Every module becomes part of the package (TQLrcPackage.cmake).
+# Every other header of the folder is private to the module, which a test holds. QT turns on moc
+# and the resource compiler. Every module becomes part of the package (TQLrcPackage.cmake).
 function(tqlrc_module name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;HEADERS;LINKS;PRIVATE_LINKS")
     set(target tqlrc_${name})

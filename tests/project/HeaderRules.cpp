@@ -7,26 +7,16 @@
 namespace project {
 namespace {
 
-bool isHeader(const std::string &file)
+std::string faultOf(const std::string &file, const Include &include, const Headers &publicHeaders)
 {
-    return file.ends_with(".h");
-}
-
-bool isOfProgram(const std::string &file)
-{
-    const std::string module = moduleOf(file);
-    return module == "host" || module == "cli";
-}
-
-std::string faultOf(const std::string &file, const Include &include, const DeclaredHeaders &declared)
-{
-    if (!include.quoted || !declared.privateOnes.contains(include.path)) {
+    const bool ours = include.quoted && !moduleOf(include.path).empty();
+    if (!ours || publicHeaders.contains(include.path)) {
         return {};
     }
     if (moduleOf(file) != moduleOf(include.path)) {
         return "private to another module: " + include.path;
     }
-    if (declared.publicOnes.contains(file)) {
+    if (publicHeaders.contains(file)) {
         return "a public header includes a private one: " + include.path;
     }
     return {};
@@ -34,32 +24,30 @@ std::string faultOf(const std::string &file, const Include &include, const Decla
 
 } // namespace
 
-DeclaredHeaders readDeclaredHeaders(const std::string &text)
+Headers readHeaders(const std::string &text)
 {
-    DeclaredHeaders declared;
+    Headers headers;
     std::istringstream lines(text);
-    std::string kind;
-    std::string path;
-    while (lines >> kind >> path) {
-        if (kind != "public" && kind != "private") {
-            throw std::runtime_error("neither public nor private: " + path);
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.ends_with(".h")) {
+            throw std::runtime_error("not a header: " + line);
         }
-        (kind == "public" ? declared.publicOnes : declared.privateOnes).insert(path);
+        headers.insert(line);
     }
-    return declared;
+    return headers;
 }
 
-std::vector<Violation> headerViolationsBelow(
-    const std::filesystem::path &root, const DeclaredHeaders &declared)
+std::vector<Violation> headerViolationsBelow(const std::filesystem::path &root, const Headers &publicHeaders)
 {
     std::vector<Violation> found;
-    for (const std::string &file : cppFilesBelow(root)) {
-        const bool known = declared.publicOnes.contains(file) || declared.privateOnes.contains(file);
-        if (isHeader(file) && !isOfProgram(file) && !known) {
-            found.push_back({file, 0, "not listed by its target, as public (HEADERS) or private (SOURCES)"});
+    for (const std::string &header : publicHeaders) {
+        if (!std::filesystem::exists(root / header)) {
+            found.push_back({header, 0, "declared as public, and not there"});
         }
+    }
+    for (const std::string &file : cppFilesBelow(root)) {
         for (const Include &include : includesOf(contentsOf(root / file))) {
-            if (std::string fault = faultOf(file, include, declared); !fault.empty()) {
+            if (std::string fault = faultOf(file, include, publicHeaders); !fault.empty()) {
                 found.push_back({file, include.line, std::move(fault)});
             }
         }

@@ -8,23 +8,19 @@
 #include <string>
 #include <vector>
 
-/// Which headers others may include: those that the build declares as public.
+/// Which headers others may include: those that their module declares as public.
 namespace project {
 
-/// The headers that the modules declare, as paths from src/ with '/'.
-struct DeclaredHeaders
-{
-    std::set<std::string> publicOnes; ///< installed; anyone may include them
-    std::set<std::string> privateOnes; ///< listed among the sources; their module alone
-};
+/// Headers as paths from src/, with '/'.
+using Headers = std::set<std::string>;
 
-/// Reads lines of the form `public editor/Rows.h` and `private editor/RowHelp.h`. Throws
-/// std::runtime_error on any other line.
-DeclaredHeaders readDeclaredHeaders(const std::string &text);
+/// The lines of a text, each of them a path. Throws std::runtime_error when one is no header.
+Headers readHeaders(const std::string &text);
 
-/// Headers below `root` that nothing declares, private headers that another module or a public
-/// header includes. Programs (host/, cli/) have no public headers: nobody may include theirs.
-std::vector<Violation> headerViolationsBelow(
-    const std::filesystem::path &root, const DeclaredHeaders &declared);
+/// What breaks the rule that a header is private to its module unless it is declared as public.
+///
+/// Found are: a private header that another module includes, one that a public header includes
+/// (it would be missing from the package), and a public header that does not exist.
+std::vector<Violation> headerViolationsBelow(const std::filesystem::path &root, const Headers &publicHeaders);
 
 } // namespace project

@@ -2,15 +2,15 @@
 #include "RecordingChildren.h"
 #include "shell/TQWLRCEditorViewCtl.h"
 #include "support/ModalDialogs.h"
-#include "support/Warnings.h"
+#include "support/QtWarnings.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLineEdit>
 
-using testing_support::buttonTitled;
-using testing_support::textsOf;
-using testing_support::whenDialogOpens;
+using support::buttonTitled;
+using support::textsOf;
+using support::whenDialogOpens;
 
 namespace {
 
@@ -79,7 +79,7 @@ class ContainerTest : public QObject
 private Q_SLOTS:
     void init()
     {
-        testing_support::failOnAnyWarning();
+        support::failOnUnexpectedWarnings();
         // The settings are the process's: each test begins with the defaults.
         TQWLRCEditorViewCtl::initialize();
     }

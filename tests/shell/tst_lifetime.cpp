@@ -5,7 +5,7 @@
 #include "player/TQLRCEditorMiniPlayerViewCtl.h"
 #include "shell/TQWLRCEditorViewCtl.h"
 #include "support/StandIns.h"
-#include "support/Warnings.h"
+#include "support/QtWarnings.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QMainWindow>
@@ -44,7 +44,7 @@ class Lifetime : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { testing_support::failOnAnyWarning(); }
+    void init() { support::failOnUnexpectedWarnings(); }
 
     void everybodyMayGoInAnyOrder()
     {

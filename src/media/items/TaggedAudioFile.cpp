@@ -36,6 +36,12 @@ std::string nativePath(const QString &path)
     return QFile::encodeName(path).toStdString();
 }
 
+/// Drawings and documents are no covers, and their readers are not made for strangers' data.
+bool isPictureFormat(const QByteArray &format)
+{
+    return format == "jpeg" || format == "png" || format == "gif" || format == "bmp" || format == "webp";
+}
+
 QImage decodeCover(const QByteArray &data)
 {
     if (data.isEmpty())
@@ -44,7 +50,8 @@ QImage decodeCover(const QByteArray &data)
     buffer.setData(data);
     QImageReader reader(&buffer);
     const QSize size = reader.size();
-    if (!size.isValid() || qint64(size.width()) * size.height() > kMaxCoverPixels)
+    if (!isPictureFormat(reader.format()) || !size.isValid()
+        || qint64(size.width()) * size.height() > kMaxCoverPixels)
         return {};
     if (size.width() > kMaxCoverSide || size.height() > kMaxCoverSide)
         reader.setScaledSize(

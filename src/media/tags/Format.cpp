@@ -44,7 +44,8 @@ constexpr Signature kOthers[] = {
 Failure unsupported(const char *name)
 {
     return {Reason::Unsupported,
-        std::string("This is a ") + name + " file. Only MP3, FLAC, M4A and Ogg files can be opened."};
+        std::string("Files of this kind (") + name
+            + ") cannot be opened. Choose an MP3, FLAC, M4A or Ogg file."};
 }
 
 Failure notAudio()

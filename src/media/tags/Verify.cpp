@@ -73,7 +73,7 @@ bool lyricsAreAsMeant(const Container &old, const Container &edited, const Inten
 bool libraryAgrees(const LibraryView &old, const LibraryView &edited, std::string_view text)
 {
     if (old.title != edited.title || old.artist != edited.artist || old.album != edited.album
-        || old.cover != edited.cover || old.others != edited.others)
+        || old.cover != edited.cover || old.duration != edited.duration || old.others != edited.others)
         return false;
     const std::string asRead = textAsTagLibReads(text);
     return asRead.empty()
