@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtWidgets/QPushButton>
+
+namespace kit {
+
+/// A round button with an icon alone: filled with the text colour, or quiet, a faint circle.
+class RoundButton : public QPushButton
+{
+    Q_OBJECT
+    Q_PROPERTY(bool quiet READ isQuiet WRITE setQuiet)
+
+public:
+    explicit RoundButton(QWidget *parent = nullptr);
+
+    [[nodiscard]] bool isQuiet() const { return m_quiet; }
+    void setQuiet(bool quiet);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    [[nodiscard]] QColor fill() const;
+
+    bool m_quiet = false;
+};
+
+} // namespace kit

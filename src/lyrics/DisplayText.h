@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <string_view>
+
+namespace lyrics {
+
+/// Appends `text` (UTF-8) to `out` in the form in which a text view can show it, as one line.
+///
+/// What a text widget would take for a line break (U+2028, U+2029) is a blank; control characters, NUL,
+/// bytes that are no UTF-8, noncharacters and the object mark are U+FFFD, one for each maximal wrong part.
+///
+/// \param limit  UTF-16 units; a longer text ends there in an ellipsis. No surrogate pair is torn.
+void appendDisplayText(
+    std::u16string &out, std::string_view text, std::size_t limit = std::numeric_limits<std::size_t>::max());
+
+} // namespace lyrics

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "lyrics/LineEnds.h"
+
+#include <algorithm>
+
+namespace lyrics {
+
+std::string_view LineEndCount::prevailing() const
+{
+    if (lf + crlf + cr == 0)
+        return {};
+    if (lf >= crlf && lf >= cr)
+        return "\n";
+    return crlf >= cr ? "\r\n" : "\r";
+}
+
+void LineEndCount::count(std::string_view lineEnd)
+{
+    if (lineEnd == "\n")
+        ++lf;
+    else if (lineEnd == "\r\n")
+        ++crlf;
+    else if (lineEnd == "\r")
+        ++cr;
+}
+
+std::string_view lineEndOf(std::string_view spelling)
+{
+    if (spelling.empty() || (spelling.back() != '\n' && spelling.back() != '\r'))
+        return {};
+    const bool isPair
+        = spelling.size() >= 2 && spelling.back() == '\n' && spelling[spelling.size() - 2] == '\r';
+    return spelling.substr(spelling.size() - (isPair ? 2 : 1));
+}
+
+std::size_t countLineEndBytes(std::string_view text)
+{
+    // Counted in bytes, 255 at a time, so that the compiler can compare many at once.
+    constexpr std::size_t kStep = 255;
+    std::size_t total = 0;
+    const char *p = text.data();
+    for (std::size_t left = text.size(); left > 0;) {
+        const std::size_t step = std::min(left, kStep);
+        unsigned char count = 0;
+        for (std::size_t i = 0; i < step; ++i)
+            count = static_cast<unsigned char>(count + (p[i] == '\n' || p[i] == '\r' ? 1 : 0));
+        total += count;
+        p += step;
+        left -= step;
+    }
+    return total;
+}
+
+} // namespace lyrics

@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: MIT
+#include "lyrics/LineReader.h"
+
+#include "lyrics/Blanks.h"
+#include "lyrics/ColonVote.h"
+#include "lyrics/IdTag.h"
+
+#include <limits>
+#include <stdexcept>
+
+namespace lyrics {
+namespace {
+
+using Kind = LineAccess::Kind;
+
+/// References to one block, taken at once and handed to the lines one by one; what is left over goes back.
+class ReferenceStock
+{
+public:
+    ReferenceStock(TextBlock *block, std::size_t count) : m_block(block), m_left(count)
+    {
+        m_block->retain(count);
+    }
+    ReferenceStock(const ReferenceStock &) = delete;
+    ReferenceStock &operator=(const ReferenceStock &) = delete;
+    ~ReferenceStock() { m_block->release(m_left); }
+
+    [[nodiscard]] TextBlock *takeOne()
+    {
+        --m_left;
+        return m_block;
+    }
+
+private:
+    TextBlock *m_block;
+    std::size_t m_left;
+};
+
+class Reader
+{
+public:
+    Reader(TextBlock *block, ReadingContext context)
+        : m_block(block), m_base(block->data()), m_reading(context.reading)
+          // No line is without a byte of its own.
+          ,
+          m_references(block, block->size() + 1), m_lyricSeen(context.lyricSeen)
+    { }
+
+    void read(const char *begin, const char *end);
+
+    [[nodiscard]] const ColonVote &vote() const { return m_vote; }
+    [[nodiscard]] ReadSong takeSong() { return std::move(m_song); }
+
+private:
+    void readPhysicalLine(const char *begin, const char *textEnd, const char *end);
+    bool readTimedLine(const char *begin, const char *p, const char *textEnd, const char *end);
+    const char *readTagLine(const char *begin, const char *p, const char *textEnd, const char *end);
+    void readTextLine(const char *begin, const char *p, const char *textEnd, const char *end);
+    bool isAccepted(const IdTag &tag, const char *rest, const char *textEnd) const;
+    void vote(const TimeTag &tag, const char *p, const char *end, bool isFirst);
+    RBSongLine &add(
+        const char *begin, const char *end, const char *textBegin, const char *textEnd, Kind kind);
+
+    TextBlock *m_block;
+    const char *m_base;
+    ColonReading m_reading;
+    ReferenceStock m_references;
+    ReadSong m_song;
+    ColonVote m_vote;
+    bool m_lyricSeen;
+    /// The line that is read next shares its physical line with the one before.
+    bool m_isJoined = false;
+};
+
+void Reader::read(const char *begin, const char *end)
+{
+    m_song.lines.reserve(
+        countLineEndBytes({begin, static_cast<std::size_t>(end - begin)}) + (begin < end ? 1 : 0));
+    LineEndFinder finder(begin, end);
+    for (const char *p = begin; p < end;) {
+        const char *textEnd = finder.textEnd(p);
+        const char *next = finder.lineEnd(textEnd);
+        m_song.lineEnds.count({textEnd, static_cast<std::size_t>(next - textEnd)});
+        readPhysicalLine(p, textEnd, next);
+        p = next;
+    }
+}
+
+void Reader::readPhysicalLine(const char *begin, const char *textEnd, const char *end)
+{
+    m_isJoined = false;
+    const char *p = skipBlanks(begin, textEnd);
+    while (p < textEnd && *p == '[') {
+        if (readTimedLine(begin, p, textEnd, end))
+            return;
+        const char *next = readTagLine(begin, p, textEnd, end);
+        if (!next)
+            break;
+        if (next == end)
+            return;
+        begin = next;
+        p = skipBlanks(begin, textEnd);
+    }
+    readTextLine(begin, p, textEnd, end);
+}
+
+/// A leading run of time tags, and what follows it as the text. False when no time tag begins at `p`.
+bool Reader::readTimedLine(const char *begin, const char *p, const char *textEnd, const char *end)
+{
+    TimeTag tag;
+    if (!readTimeTag(p, textEnd, m_reading, tag))
+        return false;
+    RBSongLine &line = add(begin, end, p, p, Kind::Text);
+    bool isFirst = true;
+    do {
+        LineAccess::addReadTime(line, tag.millis);
+        vote(tag, p, textEnd, isFirst);
+        if (tag.colonForm)
+            LineAccess::setHasColonForm(line, m_reading);
+        isFirst = false;
+        p = skipBlanks(tag.end, textEnd);
+    } while (p < textEnd && *p == '[' && readTimeTag(p, textEnd, m_reading, tag));
+    const char *last = skipBlanksBack(p, textEnd);
+    LineAccess::setJoins(line, m_isJoined, false);
+    LineAccess::setText(line, static_cast<std::size_t>(p - m_base), static_cast<std::size_t>(last - m_base));
+    m_lyricSeen = true;
+    return true;
+}
+
+/// One ID tag. Answers where the next line of the same physical line begins, `end` when there is none, and
+/// null when there is no ID tag at `p`.
+const char *Reader::readTagLine(const char *begin, const char *p, const char *textEnd, const char *end)
+{
+    IdTag tag;
+    if (!readIdTag(p, textEnd, tag))
+        return nullptr;
+    const char *rest = skipBlanks(tag.end, textEnd);
+    if (!isAccepted(tag, rest, textEnd))
+        return nullptr;
+    const bool isLast = rest == textEnd;
+    const char *lineEnd = isLast ? end : tag.end;
+    std::string_view text = trimmed(tag.value);
+    if (tag.kind == Kind::OtherTag)
+        text = {p, static_cast<std::size_t>(tag.end - p)};
+    RBSongLine &line = add(begin, lineEnd, text.data(), text.data() + text.size(), tag.kind);
+    LineAccess::setJoins(line, m_isJoined, !isLast);
+    m_isJoined = !isLast;
+    return lineEnd;
+}
+
+/// An unknown word is a key only before the lyric begins, and where no text follows.
+bool Reader::isAccepted(const IdTag &tag, const char *rest, const char *textEnd) const
+{
+    return tag.isKnown || (!m_lyricSeen && (rest == textEnd || *rest == '['));
+}
+
+void Reader::readTextLine(const char *begin, const char *p, const char *textEnd, const char *end)
+{
+    const char *last = skipBlanksBack(p, textEnd);
+    m_lyricSeen = m_lyricSeen || p < last;
+    LineAccess::setJoins(add(begin, end, p, last, Kind::Text), m_isJoined, false);
+}
+
+void Reader::vote(const TimeTag &tag, const char *p, const char *end, bool isFirst)
+{
+    if (tag.colonForm)
+        m_vote.addColonForm(tag.canBeHours);
+    if (!isFirst)
+        return;
+    TimeTag other = tag;
+    if (tag.colonForm)
+        static_cast<void>(readTimeTag(p, end, ColonReading::Hours, other));
+    m_vote.addFirst(tag.millis, other.millis);
+}
+
+RBSongLine &Reader::add(
+    const char *begin, const char *end, const char *textBegin, const char *textEnd, Kind kind)
+{
+    const auto offset = [this](const char *p) { return static_cast<std::size_t>(p - m_base); };
+    RBSongLine &line = m_song.lines.emplace_back();
+    LineAccess::describe(
+        line, m_references.takeOne(), {offset(begin), offset(end), offset(textBegin), offset(textEnd)}, kind);
+    return line;
+}
+
+} // namespace
+
+ReadSong readSong(const BlockRef &text, std::size_t from)
+{
+    const std::string_view bytes = text.text();
+    if (bytes.size() > std::numeric_limits<std::uint32_t>::max())
+        throw std::length_error("a lyric of 4 GiB or more");
+    if (bytes.size() <= from)
+        return {};
+    const char *begin = bytes.data() + from;
+    const char *end = bytes.data() + bytes.size();
+    Reader reader(text.get(), {});
+    reader.read(begin, end);
+    if (reader.vote().result() == ColonReading::Fraction)
+        return reader.takeSong();
+    Reader again(text.get(), {ColonReading::Hours, false});
+    again.read(begin, end);
+    return again.takeSong();
+}
+
+ReadSong readPart(const BlockRef &text, ReadingContext context)
+{
+    const std::string_view bytes = text.text();
+    Reader reader(text.get(), context);
+    reader.read(bytes.data(), bytes.data() + bytes.size());
+    return reader.takeSong();
+}
+
+bool isLyric(const RBSongLine &line)
+{
+    if (LineAccess::isTagLine(line) || line.isOtherTag())
+        return false;
+    return !line.aryTimes().empty() || !line.lineText().empty();
+}
+
+} // namespace lyrics

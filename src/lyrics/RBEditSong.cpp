@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "lyrics/RBEditSong.h"
+
+#include "lyrics/LineAccess.h"
+#include "lyrics/LineReader.h"
+#include "lyrics/SongWriter.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+} // namespace
+
+void RBEditSong::buildWithLrcText(std::string_view text)
+{
+    // The copy comes first: the text may be our own.
+    lyrics::BlockRef source = lyrics::BlockRef::copyOf(text);
+    m_byteOrderMark = source.text().starts_with(kByteOrderMark) ? kByteOrderMark : std::string_view();
+    m_lines.clear();
+    lyrics::ReadSong song = lyrics::readSong(source, m_byteOrderMark.size());
+    m_lines = std::move(song.lines);
+    m_lineEnd = song.lineEnds.prevailing();
+    m_text = source;
+    m_source = std::move(source);
+}
+
+bool RBEditSong::isEqual(const RBEditSong &other) const
+{
+    return this == &other || m_lines == other.m_lines;
+}
+
+void RBEditSong::insertLine_atIndex(RBSongLine line, std::size_t index)
+{
+    const auto at = static_cast<std::ptrdiff_t>(std::min(index, m_lines.size()));
+    m_lines.insert(m_lines.begin() + at, std::move(line));
+}
+
+void RBEditSong::deleteLineAtIndexs(std::span<const std::size_t> rows)
+{
+    auto next = rows.begin();
+    std::size_t kept = 0;
+    for (std::size_t row = 0; row < m_lines.size(); ++row) {
+        while (next != rows.end() && *next < row)
+            ++next;
+        if (next != rows.end() && *next == row)
+            continue;
+        if (kept != row)
+            m_lines[kept] = std::move(m_lines[row]);
+        ++kept;
+    }
+    m_lines.resize(kept);
+}
+
+void RBEditSong::updateSongText()
+{
+    m_text = lyrics::writeSong(m_lines, {m_source, m_byteOrderMark, m_lineEnd});
+}

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "lyrics/RBPreviewSong.h"
+
+#include "lyrics/DisplayText.h"
+#include "lyrics/PreviewOrder.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+void RBPreviewSong::buildWithLrcText(std::string_view text)
+{
+    m_song.buildWithLrcText(text);
+    m_rows.clear();
+    m_lines.clear();
+    const auto &songLines = std::as_const(m_song).aryLines();
+    for (const lyrics::PreviewEntry &entry : lyrics::previewOrder(songLines)) {
+        const std::size_t previewLine = entry.millis ? m_lines.size() : kUntimed;
+        m_rows.push_back({entry.songLine, previewLine, lyrics::isPreviewTag(songLines[entry.songLine])});
+        if (entry.millis)
+            m_lines.push_back({static_cast<double>(*entry.millis) / 1000.0, {}});
+    }
+    m_earliestFrom.resize(m_lines.size());
+    double earliest = HUGE_VAL;
+    for (std::size_t i = m_lines.size(); i-- > 0;) {
+        earliest = std::min(earliest, m_lines[i].playTime);
+        m_earliestFrom[i] = earliest;
+    }
+    static_cast<void>(previewSongTextWithHasTag(true));
+}
+
+std::optional<std::size_t> RBPreviewSong::currentLineIndex(double seconds) const
+{
+    // The earliest starts only rise from line to line, and the last one that is not after the position
+    // belongs to the line that is looked for: behind it all lines start later.
+    const auto after = std::partition_point(m_earliestFrom.begin(), m_earliestFrom.end(),
+        [seconds](double earliest) { return earliest <= seconds; });
+    if (after == m_earliestFrom.begin())
+        return std::nullopt;
+    return static_cast<std::size_t>(after - m_earliestFrom.begin()) - 1;
+}
+
+std::u16string RBPreviewSong::previewSongTextWithHasTag(bool hasTag)
+{
+    std::u16string text;
+    const auto &songLines = std::as_const(m_song).aryLines();
+    bool isFirst = true;
+    for (const Row &row : m_rows) {
+        if (row.isTag && !hasTag)
+            continue;
+        if (!isFirst)
+            text += u'\n';
+        isFirst = false;
+        const std::size_t begin = text.size();
+        lyrics::appendDisplayText(text, songLines[row.songLine].lineText(), kLongestLine);
+        if (row.previewLine != kUntimed)
+            m_lines[row.previewLine].txtRg = {begin, text.size() - begin};
+    }
+    return text;
+}

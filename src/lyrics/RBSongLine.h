@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "lyrics/TextBlock.h"
+#include "lyrics/TimeList.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace lyrics {
+struct LineAccess;
+}
+
+/// One line of a lyric: its times and its text, or an ID tag and its value.
+///
+/// A plain value: a copy is independent, also of the document that it was taken from. The line knows how
+/// it was spelled in the text that it was read from; the writer keeps of that what still holds.
+/// All text is UTF-8, byte for byte as it was read, and never contains a line end.
+class RBSongLine
+{
+public:
+    /// A line with no times, no text and no tag; it has a line end wherever it stands.
+    RBSongLine() = default;
+    RBSongLine(const RBSongLine &other) = default;
+    RBSongLine(RBSongLine &&other) noexcept = default;
+    RBSongLine &operator=(const RBSongLine &other);
+    RBSongLine &operator=(RBSongLine &&other) noexcept;
+    ~RBSongLine() = default;
+
+    [[nodiscard]] static RBSongLine emptyLine() { return {}; }
+    [[nodiscard]] RBSongLine copy() const { return *this; }
+
+    /// The times in the order in which they were stamped; changes are changes of the line.
+    [[nodiscard]] lyrics::TimeList &aryTimes() { return m_times; }
+    [[nodiscard]] const lyrics::TimeList &aryTimes() const { return m_times; }
+    /// True when the line is one of the four ID tags that the editor makes.
+    [[nodiscard]] bool isProperty() const { return m_isProperty; }
+    /// "ti", "ar", "al", "by", or empty for none.
+    [[nodiscard]] std::string_view propertyStr() const;
+    /// The value of a tag line, without the blanks round it. Valid until the line changes.
+    [[nodiscard]] std::string_view displayText() const { return text(); }
+    /// The text of any other line, without the blanks round it; of another ID tag the whole tag.
+    /// Word stamps belong to it. Valid until the line changes.
+    [[nodiscard]] std::string_view lineText() const { return text(); }
+    /// True for an untimed ID tag other than the four, such as `[offset:+500]`.
+    [[nodiscard]] bool isOtherTag() const;
+
+    /// Adds a time behind the others.
+    void appendTime(std::int64_t millis) { m_times.push_back(millis); }
+    /// A tag line is written as its tag alone. Neither the times nor the text change.
+    void setIsProperty(bool isProperty) { m_isProperty = isProperty; }
+    /// \param key  one of the four in any case; anything else is none.
+    void setPropertyStr(std::string_view key);
+    /// Replaces the text, or the value of a tag line. The blanks round the old text stay; those round
+    /// the new one are left off; a line break inside it becomes one blank. The same text is no change.
+    void updateWithText(std::string_view text);
+    /// The user's edit of one time.
+    ///
+    /// \param text  empty takes the time out. What the cell shows already (`getTimeIntervalPeerStr`) changes
+    ///              nothing, and neither does what `isTimeString` refuses.
+    /// \param index  from 0. Past the last time appends; negative does nothing.
+    void updateWithTimeStr_atIndex(std::string_view text, std::ptrdiff_t index);
+    /// Adds `millis` to every time; what would fall below 0 becomes 0, what would leave the range stays at
+    /// its end. An amount of 0 changes nothing.
+    void shiftAllTime(std::int64_t millis);
+
+    /// The same content: times, text, and the key where it is a tag line. Neither the spelling nor the line
+    /// end counts, nor do times that a tag line will not write.
+    friend bool operator==(const RBSongLine &a, const RBSongLine &b);
+
+private:
+    friend struct lyrics::LineAccess;
+
+    /// What a line was read as, and the keys of tag lines.
+    enum class Kind : std::uint8_t { Text, Title, Artist, Album, EditedBy, OtherTag };
+
+    [[nodiscard]] std::string_view text() const
+    {
+        return m_block ? m_block.text().substr(m_textBegin, m_textLength) : std::string_view();
+    }
+    void replaceText(std::string_view text);
+    [[nodiscard]] bool isTagLine() const { return m_isProperty && m_key != Kind::Text; }
+
+    lyrics::TimeList m_times;
+    // How the line was spelled: a slice of the block with the line's own line end, and within the block
+    // where its text is. No block: never spelled.
+    lyrics::BlockRef m_block;
+    std::uint32_t m_begin = 0;
+    std::uint32_t m_length = 0;
+    std::uint32_t m_textBegin = 0;
+    std::uint32_t m_textLength = 0;
+    Kind m_readAs = Kind::Text;
+    Kind m_key = Kind::Text;
+    bool m_isProperty = false;
+    /// The physical line goes on in the next line, or was begun in the line before.
+    bool m_joinsNext : 1 = false;
+    bool m_joinsPrevious : 1 = false;
+    /// `a:b:c` means hours, minutes, seconds in the document that it was read from.
+    bool m_colonMeansHours : 1 = false;
+    /// One of the times is spelled `a:b:c`.
+    bool m_hasColonForm : 1 = false;
+    /// Made here, not read: has a line end wherever it stands.
+    bool m_isNew : 1 = true;
+};
