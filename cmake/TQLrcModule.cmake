@@ -10,12 +10,13 @@ add_library(tqlrc_options INTERFACE)
 target_compile_features(tqlrc_options INTERFACE cxx_std_20)
 target_compile_options(tqlrc_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
-    -Wcast-qual -Wformat=2 -Werror
-    $<$<BOOL:${TQLRC_SANITIZE}>:-fsanitize=${TQLRC_SANITIZE}>
-    $<$<BOOL:${TQLRC_SANITIZE}>:-fno-omit-frame-pointer>
-    $<$<BOOL:${TQLRC_SANITIZE}>:-fno-sanitize-recover=all>)
-target_link_options(tqlrc_options INTERFACE
-    $<$<BOOL:${TQLRC_SANITIZE}>:-fsanitize=${TQLRC_SANITIZE}>)
+    -Wcast-qual -Wformat=2 -Werror)
+if(TQLRC_SANITIZE)
+    # Not by $<BOOL:…>: the list of sanitizers has commas, which would be arguments of it.
+    target_compile_options(tqlrc_options INTERFACE
+        -fsanitize=${TQLRC_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(tqlrc_options INTERFACE -fsanitize=${TQLRC_SANITIZE})
+endif()
 target_compile_definitions(tqlrc_options INTERFACE
     $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
