@@ -15,7 +15,7 @@ WHY[audio]="playing and the waveform"
 PACKAGES[audio]="libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
     gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly gstreamer1.0-libav"
 WHY[tags]="reading and writing the tags of audio files"
-PACKAGES[tags]="libtag1-dev"
+PACKAGES[tags]="libtag1-dev zlib1g-dev"
 WHY[tests]="the tests"
 PACKAGES[tests]="libgtest-dev libgmock-dev fonts-dejavu-core"
 WHY[bench]="the benchmarks"
