@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kit/FormLoader.h"
 #include "support/QtWarnings.h"
+#include "kit/FiguresLabel.h"
 #include "views/RBMenuDisabledTextView.h"
 #include "views/RBNoResponseTextFiled.h"
 #include "views/SmallViews.h"
@@ -86,7 +87,7 @@ private Q_SLOTS:
     void selectionIsGreenOnNoGround();
     void paletteOfTheFormStillReachesTheLyric();
     void clickOnTheLabelReachesTheButton();
-    void labelIsDrawnAsALabel();
+    void labelIsDrawnAsItsBase();
 };
 
 void tst_TextViews::caretIsThreeWideHoweverItIsMade()
@@ -308,10 +309,10 @@ void tst_TextViews::clickOnTheLabelReachesTheButton()
     QCOMPARE(window.childAt(100, 50), &button);
 }
 
-void tst_TextViews::labelIsDrawnAsALabel()
+void tst_TextViews::labelIsDrawnAsItsBase()
 {
     RBNoResponseTextFiled ours;
-    QLabel plain;
+    kit::FiguresLabel plain;
     for (QLabel *const label : {static_cast<QLabel *>(&ours), &plain}) {
         label->setText("[01:07.42]");
         label->resize(120, 30);
