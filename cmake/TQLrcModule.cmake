@@ -10,12 +10,13 @@ add_library(tqlrc_options INTERFACE)
 target_compile_features(tqlrc_options INTERFACE cxx_std_20)
 target_compile_options(tqlrc_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
-    -Wcast-qual -Wformat=2 -Werror
-    $<$<BOOL:${TQLRC_SANITIZE}>:-fsanitize=${TQLRC_SANITIZE}>
-    $<$<BOOL:${TQLRC_SANITIZE}>:-fno-omit-frame-pointer>
-    $<$<BOOL:${TQLRC_SANITIZE}>:-fno-sanitize-recover=all>)
-target_link_options(tqlrc_options INTERFACE
-    $<$<BOOL:${TQLRC_SANITIZE}>:-fsanitize=${TQLRC_SANITIZE}>)
+    -Wcast-qual -Wformat=2 -Werror)
+if(TQLRC_SANITIZE)
+    # A list with a comma cannot stand in a generator expression.
+    target_compile_options(tqlrc_options INTERFACE
+        -fsanitize=${TQLRC_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(tqlrc_options INTERFACE -fsanitize=${TQLRC_SANITIZE})
+endif()
 target_compile_definitions(tqlrc_options INTERFACE
     $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
@@ -23,8 +24,9 @@ target_compile_definitions(tqlrc_options INTERFACE
 # tqlrc_module(<name> SOURCES … HEADERS … [LINKS …] [PRIVATE_LINKS …] [QT])
 #
 # The library tqlrc_<name>, alias TQLrcEditor::<name>. HEADERS are public: they stand in a file
-# set, and the target all_verify_interface_header_sets compiles each of them alone. QT turns on
-# moc and the resource compiler.
+# set, are installed, and the target all_verify_interface_header_sets compiles each of them alone.
+# Every other header of the folder is private to the module, which a test holds. QT turns on moc
+# and the resource compiler. Every module becomes part of the package (TQLrcPackage.cmake).
 function(tqlrc_module name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;HEADERS;LINKS;PRIVATE_LINKS")
     set(target tqlrc_${name})
@@ -44,6 +46,7 @@ function(tqlrc_module name)
     if(arg_QT)
         set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
     endif()
+    set_property(GLOBAL APPEND PROPERTY TQLRC_MODULES ${target})
 endfunction()
 
 # tqlrc_gtest(<ctest name> SOURCES … LINKS …): a GoogleTest program, for what lies below Qt.
@@ -74,4 +77,13 @@ function(tqlrc_test_environment name)
     set_tests_properties(${name} PROPERTIES
         TIMEOUT 120
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TQLRC_CASES=${PROJECT_SOURCE_DIR}/../shared/cases;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0")
+endfunction()
+
+# tqlrc_bench(<name> SOURCES … LINKS …): the benchmark program bench_<name>, which ./dev bench runs.
+function(tqlrc_bench name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+    add_executable(bench_${name} ${arg_SOURCES})
+    target_link_libraries(bench_${name} PRIVATE tqlrc_options ${arg_LINKS} benchmark::benchmark)
+    set_target_properties(bench_${name} PROPERTIES
+        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 endfunction()

@@ -19,6 +19,7 @@ inline constexpr int kRadius = 8;
 inline constexpr int kRadiusLarge = 10;
 inline constexpr int kRowHeight = 32;
 inline constexpr int kHeaderHeight = 30;
+inline constexpr int kCellMargin = 8;
 inline constexpr int kQuickMillis = 120;
 inline constexpr int kSlowMillis = 220;
 

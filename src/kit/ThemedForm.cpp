@@ -45,6 +45,8 @@ QColor colorIn(const QStringList &words, const Theme &theme)
         return theme.quietText;
     if (words.contains(QLatin1String("accent")))
         return theme.accentText;
+    if (words.contains(QLatin1String("ink")))
+        return theme.accentInk;
     return words.contains(QLatin1String("warning")) ? theme.warning : theme.text;
 }
 
@@ -57,6 +59,8 @@ void applyTo(QWidget *widget, const Theme &theme)
     widget->setFont(textFont(QGuiApplication::font(), sizeIn(words), weightIn(words)));
     QPalette palette;
     palette.setColor(QPalette::WindowText, colorIn(words, theme));
+    // A label on a button is drawn in the button's role.
+    palette.setColor(widget->foregroundRole(), colorIn(words, theme));
     widget->setPalette(palette);
 }
 

@@ -9,7 +9,7 @@ namespace kit {
 
 /// Gives the texts of a form their size and colour, and again when the palette or the font
 /// changes: those widgets that have the property "kitText", a list of words:
-/// `caption small body large figure`, `semibold bold`, `quiet accent warning`.
+/// `caption small body large figure`, `semibold bold`, `quiet accent ink warning`.
 class ThemedForm : public QObject
 {
     Q_OBJECT

@@ -23,4 +23,18 @@ struct ReadSong
 /// Throws std::length_error for a text of 4 GiB or more: lines count bytes in 32 bits.
 [[nodiscard]] ReadSong readSong(const BlockRef &text, std::size_t from);
 
+/// What a line's reading depends on besides its own bytes.
+struct ReadingContext
+{
+    ColonReading reading = ColonReading::Fraction;
+    /// A lyric line stands before it, so that an unknown word is no key any more.
+    bool lyricSeen = false;
+};
+
+/// Reads `text` as a part of a document, where the rest of it has settled the context.
+[[nodiscard]] ReadSong readPart(const BlockRef &text, ReadingContext context);
+
+/// Whether the lyric has begun with `line`: it has a time, or a text that is no tag.
+[[nodiscard]] bool isLyric(const RBSongLine &line);
+
 } // namespace lyrics

@@ -45,7 +45,8 @@ private:
     [[nodiscard]] std::size_t groupEnd(std::size_t first) const;
     void writeRun(std::size_t first, std::size_t last);
     void writeGroup(std::size_t first, std::size_t last);
-    [[nodiscard]] bool saysTheSame(std::string_view text, std::size_t first, std::size_t last) const;
+    [[nodiscard]] bool saysTheSame(std::string_view text, std::size_t first, std::size_t last);
+    [[nodiscard]] ReadingContext contextOf(std::size_t first, std::size_t last);
     void writeLine(std::size_t index);
     void writeLineEnd(std::size_t index, bool isEmpty);
     void separate(std::string_view next);
@@ -56,6 +57,9 @@ private:
     ColonForm m_colonForm;
     TextSink m_sink;
     LineWriter m_lineWriter;
+    /// Whether one of the lines before `m_lookedAt` is a lyric line.
+    bool m_lyricSeen = false;
+    std::size_t m_lookedAt = 0;
 };
 
 BlockRef Writer::write()
@@ -110,8 +114,9 @@ void Writer::writeRun(std::size_t first, std::size_t last)
     const std::size_t length = LineAccess::end(m_lines[last - 1]) - LineAccess::begin(m_lines[first]);
     separate(head);
     m_sink.append({head.data(), length});
-    if (lineEndOf(LineAccess::spelling(m_lines[last - 1])).empty())
-        writeLineEnd(last - 1, false);
+    const std::string_view tail = LineAccess::spelling(m_lines[last - 1]);
+    if (lineEndOf(tail).empty())
+        writeLineEnd(last - 1, tail.empty());
 }
 
 /// Lines that share a physical line go on sharing it if they would be read as the same lines.
@@ -133,13 +138,22 @@ void Writer::writeGroup(std::size_t first, std::size_t last)
         writeLine(i);
 }
 
-bool Writer::saysTheSame(std::string_view text, std::size_t first, std::size_t last) const
+bool Writer::saysTheSame(std::string_view text, std::size_t first, std::size_t last)
 {
-    const BlockRef block = BlockRef::copyOf(text);
-    const ReadSong song = readSong(block, 0);
-    return std::equal(song.lines.begin(), song.lines.end(),
-        m_lines.begin() + static_cast<std::ptrdiff_t>(first),
-        m_lines.begin() + static_cast<std::ptrdiff_t>(last));
+    const ReadSong song = readPart(BlockRef::copyOf(text), contextOf(first, last));
+    const Lines group = m_lines.subspan(first, last - first);
+    return std::equal(song.lines.begin(), song.lines.end(), group.begin(), group.end());
+}
+
+/// Asked for in rising order, so that all questions together go over the lines once.
+ReadingContext Writer::contextOf(std::size_t first, std::size_t last)
+{
+    for (; !m_lyricSeen && m_lookedAt < first; ++m_lookedAt)
+        m_lyricSeen = isLyric(m_lines[m_lookedAt]);
+    const Lines group = m_lines.subspan(first, last - first);
+    const bool inHours = std::any_of(group.begin(), group.end(),
+        [](const RBSongLine &line) { return LineAccess::colonReading(line) == ColonReading::Hours; });
+    return {inHours ? ColonReading::Hours : ColonReading::Fraction, m_lyricSeen};
 }
 
 void Writer::writeLine(std::size_t index)

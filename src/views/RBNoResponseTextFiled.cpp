@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "views/RBNoResponseTextFiled.h"
 
-RBNoResponseTextFiled::RBNoResponseTextFiled(QWidget *parent) : QLabel(parent)
+RBNoResponseTextFiled::RBNoResponseTextFiled(QWidget *parent) : FiguresLabel(parent)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
-    setTextFormat(Qt::PlainText);
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtWidgets/QLabel>
+#include "kit/FiguresLabel.h"
 
 /// A label that the mouse does not see: clicks, tooltips and the pointer's shape belong to what
 /// lies beneath. Drawn as any label; its text is plain.
-class RBNoResponseTextFiled : public QLabel
+class RBNoResponseTextFiled : public kit::FiguresLabel
 {
     Q_OBJECT
 

@@ -4,7 +4,7 @@
 #include "shell/contracts/WXEAudioFileMgr.h"
 #include "support/Drags.h"
 #include "support/QtWarnings.h"
-#include "support/StandIns.h"
+#include "support/RecordingStandIns.h"
 
 #include <QtCore/QLocale>
 #include <QtTest/QTest>

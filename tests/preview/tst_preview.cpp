@@ -2,7 +2,7 @@
 #include "preview/RBPreviewBgView.h"
 #include "preview/RBPreviewViewController.h"
 #include "support/QtWarnings.h"
-#include "support/StandIns.h"
+#include "support/RecordingStandIns.h"
 
 #include <QtTest/QTest>
 

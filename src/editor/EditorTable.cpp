@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+//
+// The table's side of the line editor: columns, cells, edited cells, selection, refresh.
+#include "editor/LineColumns.h"
+#include "editor/TQLRCEditorViewCtl.h"
+#include "editor/TextSplice.h"
+#include "kit/TQAlert.h"
+#include "lyrics/RBUtils.h"
+#include "resources/Localized.h"
+
+RBSongLine *TQLRCEditorViewCtl::getSongLineAtIndex(std::ptrdiff_t index)
+{
+    auto &lines = m_song.aryLines();
+    return index < 0 || static_cast<std::size_t>(index) >= lines.size() ? nullptr
+                                                                        : &lines[static_cast<std::size_t>(index)];
+}
+
+RBSongLine *TQLRCEditorViewCtl::getSelectedLine()
+{
+    return getSongLineAtIndex(m_tableView ? m_tableView->selectedRow() : -1);
+}
+
+int TQLRCEditorViewCtl::getToColumnsCount() const
+{
+    return static_cast<int>(editor::timeColumnCount(m_song)) + 2;
+}
+
+void TQLRCEditorViewCtl::updateTableColumns()
+{
+    if (!m_tableView) {
+        return;
+    }
+    const int target = getToColumnsCount();
+    if (m_tableView->numberOfColumns() == target) {
+        return;
+    }
+    m_tableView->replaceColumnsFrom(1, editor::columnsAfterNumber(static_cast<std::size_t>(target - 2)));
+}
+
+void TQLRCEditorViewCtl::reloadDataWithLrcChanged()
+{
+    const auto alive = self();
+    if (m_tableView) {
+        m_tableView->abortEditing();
+        updateTableColumns();
+        m_tableView->reloadData();
+    }
+    notifyChanged();
+}
+
+void TQLRCEditorViewCtl::notifyChanged()
+{
+    if (const auto host = delegate()) {
+        host->lrcEditorLrcDidChanged();
+    }
+}
+
+void TQLRCEditorViewCtl::commitEditing()
+{
+    const auto alive = self();
+    if (m_tableView) {
+        m_tableView->commitEditing();
+    }
+}
+
+int TQLRCEditorViewCtl::numberOfRowsInTableView(MyTableView *tableView)
+{
+    Q_UNUSED(tableView)
+    return songLinesNum();
+}
+
+QString TQLRCEditorViewCtl::tableView_objectValueForTableColumn_row(MyTableView *tableView,
+    const QString &identifier, int row)
+{
+    Q_UNUSED(tableView)
+    const RBSongLine *line = getSongLineAtIndex(row);
+    return line ? editor::cellText(*line, row, identifier) : QString();
+}
+
+bool TQLRCEditorViewCtl::tableView_isQuietCell(MyTableView *tableView, const QString &identifier, int row)
+{
+    Q_UNUSED(tableView)
+    const RBSongLine *line = getSongLineAtIndex(row);
+    return line && (identifier != editor::textColumnIdentifier() || line->isOtherTag());
+}
+
+void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(MyTableView *tableView, const QString &value,
+    const QString &identifier, int row)
+{
+    Q_UNUSED(tableView)
+    // The edit belongs to the selected line; in a selection of one row that is the edited row.
+    Q_UNUSED(row)
+    const auto alive = self();
+    if (editor::isTimeColumn(identifier)) {
+        if (!value.isEmpty() && !RBUtils::isTimeString(value.toStdString())) {
+            TQAlert::OK_info(localized(QStringLiteral("Please input the right time format[mm:ss.SS]!")), QString());
+        } else if (const auto index = editor::timeIndex(identifier)) {
+            editTimeCell(value, *index);
+        }
+    } else if (identifier == editor::textColumnIdentifier()) {
+        editTextCell(value);
+    }
+    notifyChanged();
+}
+
+void TQLRCEditorViewCtl::editTimeCell(const QString &value, std::size_t timeIndex)
+{
+    if (RBSongLine *line = getSelectedLine()) {
+        line->updateWithTimeStr_atIndex(value.toStdString(), static_cast<std::ptrdiff_t>(timeIndex));
+    }
+}
+
+void TQLRCEditorViewCtl::editTextCell(const QString &value)
+{
+    RBSongLine *line = getSelectedLine();
+    if (!line) {
+        return;
+    }
+    const std::string_view stored = editor::shownText(*line);
+    // A text that was shown and not touched is not replaced by what could be shown of it.
+    if (value != QString::fromUtf8(stored.data(), static_cast<qsizetype>(stored.size()))) {
+        line->updateWithText(editor::splicedText(stored, value));
+    }
+}
+
+void TQLRCEditorViewCtl::tableViewSelectionDidChange(MyTableView *tableView)
+{
+    const auto alive = self();
+    if (const auto host = delegate()) {
+        host->lrcEditorSelctionChanged_column(static_cast<std::int32_t>(tableView->selectedRow()), 0);
+    }
+}
+
+void TQLRCEditorViewCtl::tableViewReloaded(QObject *sender)
+{
+    Q_UNUSED(sender)
+}
+
+QMenu *TQLRCEditorViewCtl::menuForRightClick()
+{
+    return tableRightMenu();
+}
+
+void TQLRCEditorViewCtl::deleteFileDown(QObject *sender)
+{
+    Q_UNUSED(sender)
+    deleteLineTag(nullptr);
+}

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "kit/TableDataSource.h"
+
+#include <QtCore/QString>
+#include <QtCore/QStringView>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+class RBEditSong;
+class RBSongLine;
+
+/// The columns of the line table as a function of the document: "number", "time1" … "timeN" with
+/// N the largest number of time tags on one line, and "text", always last.
+namespace editor {
+
+/// N: one pass over the lines.
+[[nodiscard]] std::size_t timeColumnCount(const RBEditSong &song);
+
+[[nodiscard]] kit::TableColumn numberColumn();
+/// The columns after "number" for `timeColumns` time columns.
+[[nodiscard]] std::vector<kit::TableColumn> columnsAfterNumber(std::size_t timeColumns);
+[[nodiscard]] QString textColumnIdentifier();
+[[nodiscard]] QString numberColumnIdentifier();
+
+[[nodiscard]] bool isTimeColumn(QStringView identifier);
+/// Index from 0 of a time column's times: "time12" gives 11. Nothing for what cannot name one.
+[[nodiscard]] std::optional<std::size_t> timeIndex(QStringView identifier);
+
+/// What the text column shows of a line: a tag line's value, otherwise the line's text.
+[[nodiscard]] std::string_view shownText(const RBSongLine &line);
+/// The text of one cell; empty for any other identifier and for a line with fewer times.
+[[nodiscard]] QString cellText(const RBSongLine &line, int row, QStringView identifier);
+
+} // namespace editor

@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: MIT
+#include "host/DeskWindow.h"
+
+#include "editor/TQLRCEditorViewCtl.h"
+#include "host/Playback.h"
+#include "host/Song.h"
+#include "media/items/TaggedAudioFile.h"
+#include "media/player/Player.h"
+#include "player/RBPlayingBgView.h"
+#include "player/TQLRCEditorMiniPlayerViewCtl.h"
+#include "shell/TQWLRCEditorViewCtl.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QMimeData>
+#include <QtGui/QCloseEvent>
+#include <QtGui/QIcon>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStatusBar>
+
+#include <utility>
+
+namespace desk {
+
+DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
+    : m_player(std::move(player)),
+      m_playback(std::make_shared<Playback>(m_player)),
+      m_component(TQWLRCEditorViewCtl::initWithPlayer(m_player))
+{
+    m_component->setDelegate(std::weak_ptr<TQLRCEditorViewCtlDelegate>(m_playback));
+    setCentralWidget(m_component->view());
+    setWindowIcon(QIcon(QStringLiteral(":/tqlrceditor/lyricdesk.svg")));
+    setMinimumSize(480, 320);
+    resize(1040, 700);
+    setAcceptDrops(true);
+    statusBar()->setSizeGripEnabled(false);
+    buildFileMenu();
+    buildPlaybackMenu();
+    buildHelpMenu();
+    wirePlayer();
+
+    m_compareSoon.setSingleShot(true);
+    m_compareSoon.setInterval(0);
+    connect(&m_compareSoon, &QTimer::timeout, this, &DeskWindow::updateModified);
+    m_playback->setOnLyricChanged([this] { m_compareSoon.start(); });
+    qApp->installEventFilter(this);
+    updateTitle();
+}
+
+DeskWindow::~DeskWindow()
+{
+    qApp->removeEventFilter(this);
+    m_playback->setOnLyricChanged({});
+    // The view belongs to the component; the window must not take it along.
+    takeCentralWidget();
+}
+
+void DeskWindow::buildFileMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&File"));
+    menu->addAction(tr("&Open song…"), QKeySequence::Open, this, &DeskWindow::chooseSong);
+    menu->addAction(tr("Open the &demonstration song"), this, &DeskWindow::openDemonstration);
+    menu->addSeparator();
+    menu->addAction(tr("&Save lyric into the song"), QKeySequence::Save, this, &DeskWindow::save);
+    menu->addSeparator();
+    menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+}
+
+void DeskWindow::buildPlaybackMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&Playback"));
+    QAction *playOrPause = menu->addAction(tr("&Play or pause"), this, &DeskWindow::playOrPause);
+    playOrPause->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Space), QKeySequence(Qt::Key_MediaTogglePlayPause),
+        QKeySequence(Qt::Key_MediaPlay)});
+}
+
+void DeskWindow::buildHelpMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(tr("&About lyricdesk"), this, &DeskWindow::showAbout);
+}
+
+void DeskWindow::wirePlayer()
+{
+    connect(m_player.get(), &media::Player::failed, this,
+        [this](const QString &message) { statusBar()->showMessage(message); });
+    connect(m_player.get(), &media::Player::durationChanged, this, [this](double seconds) {
+        if (m_song && m_player->playingMusic() == m_song) {
+            // Decoding knows the length better than the file's headers; the strip takes it over.
+            m_song->setKnownDuration(seconds);
+            m_component->playerViewCtl()->flushWithAudioItem(m_song);
+        }
+    });
+}
+
+void DeskWindow::chooseSong()
+{
+    const QString folder = m_song ? QFileInfo(m_song->path()).path() : QString();
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open song"), folder, songFileFilter());
+    if (!path.isEmpty()) {
+        open(path);
+    }
+}
+
+bool DeskWindow::open(const QString &path)
+{
+    const auto [item, message] = media::TaggedAudioFile::open(path);
+    if (!item) {
+        tell(tr("This song was not opened"), message);
+        return false;
+    }
+    if (!mayReplaceSong()) {
+        return false;
+    }
+    statusBar()->clearMessage();
+    m_song = item;
+    m_component->flushWithAudioItem(item);
+    updateTitle();
+    updateModified();
+    return true;
+}
+
+bool DeskWindow::openDemonstration()
+{
+    QString message;
+    const QString path = demonstrationSong(&message);
+    if (path.isEmpty()) {
+        tell(tr("The demonstration song was not opened"), message);
+        return false;
+    }
+    return open(path);
+}
+
+bool DeskWindow::save()
+{
+    if (!m_song) {
+        tell(tr("There is no song to save into"), tr("Open a song first: its file is where the lyric goes."));
+        return false;
+    }
+    m_component->serializeToAudioItem();
+    const auto [ok, message] = m_song->save();
+    updateModified();
+    if (!ok) {
+        tell(tr("The lyric was not saved"), message);
+        return false;
+    }
+    statusBar()->showMessage(message.isEmpty() ? tr("Saved into %1").arg(QFileInfo(m_song->path()).fileName())
+                                               : message);
+    return true;
+}
+
+bool DeskWindow::hasUnsavedChanges() const
+{
+    const QByteArray text = m_component->editorViewCtl()->songText();
+    return m_song ? m_song->isDirty() || text != m_song->lyric() : !text.isEmpty();
+}
+
+bool DeskWindow::mayReplaceSong()
+{
+    m_component->commitEditing();
+    if (!hasUnsavedChanges()) {
+        return true;
+    }
+    QMessageBox question(QMessageBox::Question, tr("Unsaved lyric"),
+        tr("The lyric of “%1” has changes that are not saved.").arg(windowTitleOfSong()),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    question.setTextFormat(Qt::PlainText);
+    question.setInformativeText(tr("If you do not save them, they are lost."));
+    question.setDefaultButton(QMessageBox::Save);
+    switch (question.exec()) {
+    case QMessageBox::Save:
+        return save();
+    case QMessageBox::Discard:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void DeskWindow::playOrPause()
+{
+    m_component->pressPlayPause(nullptr);
+}
+
+void DeskWindow::showAbout()
+{
+    QMessageBox::about(this, tr("About lyricdesk"),
+        tr("lyricdesk %1\n\nWrites time-synchronised lyrics into your songs. Press Enter as each line is sung.")
+            .arg(QApplication::applicationVersion()));
+}
+
+QString DeskWindow::windowTitleOfSong() const
+{
+    if (!m_song) {
+        return tr("No song");
+    }
+    return m_song->title().isEmpty() ? QFileInfo(m_song->path()).fileName() : m_song->title();
+}
+
+void DeskWindow::updateTitle()
+{
+    // A doubled mark stands for itself and is not taken for the place of the unsaved sign.
+    const QString song = windowTitleOfSong().simplified().replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    setWindowTitle(song + QStringLiteral("[*] – lyricdesk"));
+    setWindowFilePath(m_song ? m_song->path() : QString());
+}
+
+void DeskWindow::updateModified()
+{
+    setWindowModified(hasUnsavedChanges());
+}
+
+void DeskWindow::tell(const QString &what, const QString &message)
+{
+    QMessageBox box(QMessageBox::Warning, what, what, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(message);
+    box.exec();
+}
+
+void DeskWindow::closeEvent(QCloseEvent *event)
+{
+    if (!mayReplaceSong()) {
+        event->ignore();
+        return;
+    }
+    m_player->pause();
+    event->accept();
+}
+
+void DeskWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (looksLikeSong(firstLocalFile(event->mimeData()))) {
+        event->acceptProposedAction();
+    }
+}
+
+bool DeskWindow::isSongDrop(QObject *watched, const QMimeData *dragged) const
+{
+    const auto *widget = qobject_cast<QWidget *>(watched);
+    if (!widget || widget->window() != this) {
+        return false;
+    }
+    const QString path = firstLocalFile(dragged);
+    const auto *strip = qobject_cast<const RBPlayingBgView *>(widget);
+    return looksLikeSong(path) || (strip && strip->dropEnabled() && !path.isEmpty());
+}
+
+bool DeskWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::Drop) {
+        return QMainWindow::eventFilter(watched, event);
+    }
+    auto *drop = static_cast<QDropEvent *>(event);
+    if (!isSongDrop(watched, drop->mimeData())) {
+        return QMainWindow::eventFilter(watched, event);
+    }
+    // Wherever in the window a song is dropped, the strip included, the user is asked about
+    // unsaved changes first; and only after the drag is over, since the other program waits for it.
+    const QString path = firstLocalFile(drop->mimeData());
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(watched, &leave);
+    drop->setDropAction(Qt::CopyAction);
+    drop->accept();
+    QMetaObject::invokeMethod(this, [this, path] { open(path); }, Qt::QueuedConnection);
+    return true;
+}
+
+} // namespace desk

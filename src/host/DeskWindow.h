@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QMainWindow>
+
+#include <memory>
+
+class QMimeData;
+class TQWLRCEditorViewCtl;
+
+namespace media {
+class Player;
+class TaggedAudioFile;
+struct PlayerOutput;
+} // namespace media
+
+namespace desk {
+
+class Playback;
+
+/// lyricdesk's window: the editor for one song, with what a program has around it.
+///
+/// Nothing replaces what is being edited before it is known to be readable and the user has been
+/// asked about unsaved changes.
+class DeskWindow final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit DeskWindow(std::shared_ptr<media::Player> player);
+    ~DeskWindow() override;
+
+    /// Opens the song at `path` and begins to play it. False, with nothing changed, when it
+    /// cannot be read (the user has been told) or the user keeps what is open.
+    bool open(const QString &path);
+    /// Opens the demonstration song.
+    bool openDemonstration();
+    /// Writes the lyric into the file. False when it could not be written (the user has been told).
+    bool save();
+    /// Whether the text differs from what was last saved.
+    [[nodiscard]] bool hasUnsavedChanges() const;
+
+    [[nodiscard]] std::shared_ptr<TQWLRCEditorViewCtl> component() const { return m_component; }
+    [[nodiscard]] std::shared_ptr<media::TaggedAudioFile> song() const { return m_song; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void buildFileMenu();
+    void buildPlaybackMenu();
+    void buildHelpMenu();
+    void wirePlayer();
+    void chooseSong();
+    void playOrPause();
+    void showAbout();
+    [[nodiscard]] QString windowTitleOfSong() const;
+    void updateTitle();
+    void updateModified();
+    [[nodiscard]] bool mayReplaceSong();
+    [[nodiscard]] bool isSongDrop(QObject *watched, const QMimeData *dragged) const;
+    void tell(const QString &what, const QString &message);
+
+    std::shared_ptr<media::Player> m_player;
+    std::shared_ptr<Playback> m_playback;
+    std::shared_ptr<TQWLRCEditorViewCtl> m_component;
+    std::shared_ptr<media::TaggedAudioFile> m_song;
+    /// Once per turn of the event loop: comparing texts is not a part of a stamp.
+    QTimer m_compareSoon;
+};
+
+} // namespace desk

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "host/Song.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QMimeData>
+#include <QtCore/QSaveFile>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QUrl>
+
+namespace desk {
+
+namespace {
+
+const QStringList &suffixes()
+{
+    static const QStringList all = {QStringLiteral("mp3"), QStringLiteral("flac"), QStringLiteral("m4a"),
+        QStringLiteral("ogg"), QStringLiteral("oga"), QStringLiteral("opus"), QStringLiteral("aiff"),
+        QStringLiteral("aif"), QStringLiteral("wma"), QStringLiteral("wav"), QStringLiteral("ape"),
+        QStringLiteral("asf"), QStringLiteral("aac"), QStringLiteral("wv")};
+    return all;
+}
+
+QString notWritable(const QString &path, const QString &reason)
+{
+    return QCoreApplication::translate("desk",
+        "The demonstration song could not be put into %1: %2. Open a song of your own instead.")
+        .arg(QDir::toNativeSeparators(path), reason);
+}
+
+} // namespace
+
+bool looksLikeSong(const QString &path)
+{
+    return suffixes().contains(QFileInfo(path).suffix(), Qt::CaseInsensitive);
+}
+
+QString firstLocalFile(const QMimeData *data)
+{
+    const QList<QUrl> urls = data ? data->urls() : QList<QUrl>();
+    return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+}
+
+QString songFileFilter()
+{
+    QStringList patterns;
+    for (const QString &suffix : suffixes()) {
+        patterns.append(QStringLiteral("*.") + suffix);
+    }
+    return QCoreApplication::translate("desk", "Songs (%1);;All files (*)").arg(patterns.join(QLatin1Char(' ')));
+}
+
+QString demonstrationSong(QString *message)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const QString path = folder + QStringLiteral("/the-star.mp3");
+    if (QFile::exists(path)) {
+        return path;
+    }
+    QFile source(QStringLiteral(":/lyricdesk/demo/the-star.mp3"));
+    QSaveFile target(path);
+    if (!QDir().mkpath(folder) || !source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly)
+        || target.write(source.readAll()) != source.size() || !target.commit()) {
+        *message = notWritable(path, target.errorString());
+        return {};
+    }
+    return path;
+}
+
+} // namespace desk

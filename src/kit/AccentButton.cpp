@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "kit/AccentButton.h"
+
+#include "kit/Theme.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLayout>
+#include <QtWidgets/QStyle>
+
+AccentButton::AccentButton(QWidget *parent)
+    : QPushButton(parent)
+{
+    setAttribute(Qt::WA_Hover);
+}
+
+QSize AccentButton::sizeHint() const
+{
+    // Its labels make it as large as it is; a button knows nothing of a layout by itself.
+    return layout() ? layout()->sizeHint().expandedTo(minimumSize()) : QPushButton::sizeHint();
+}
+
+QSize AccentButton::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void AccentButton::paintEvent(QPaintEvent *event)
+{
+    Q_UNUSED(event)
+    const kit::Theme theme(this);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    QColor fill = theme.accent;
+    if (isDown()) {
+        fill = fill.darker(120);
+    } else if (underMouse()) {
+        fill = fill.darker(107);
+    }
+    const QRectF frame = QRectF(rect()).adjusted(2, 2, -2, -2);
+    if (hasFocus()) {
+        painter.setPen(QPen(theme.focus, 2));
+        painter.drawRoundedRect(frame.adjusted(-1, -1, 1, 1), kit::kRadiusLarge, kit::kRadiusLarge);
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    const QRectF body = hasFocus() ? frame.adjusted(2, 2, -2, -2) : frame;
+    painter.drawRoundedRect(body, kit::kRadius, kit::kRadius);
+
+    const QRect iconRect = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, iconSize(),
+        rect().adjusted(kit::kSpacingLarge, 0, -kit::kSpacingLarge, 0));
+    icon().paint(&painter, iconRect, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+}
+
+void AccentButton::childEvent(QChildEvent *event)
+{
+    QPushButton::childEvent(event);
+    if (auto *label = qobject_cast<QLabel *>(event->child()); label && event->polished()) {
+        label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+}

@@ -1,0 +1,355 @@
+// SPDX-License-Identifier: MIT
+#include "kit/MyTableView.h"
+
+#include "kit/CellEditingDelegate.h"
+#include "kit/DataSourceTableModel.h"
+#include "kit/DropTipView.h"
+#include "kit/QuietHeader.h"
+#include "kit/Theme.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QContextMenuEvent>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QScrollBar>
+
+#include <algorithm>
+#include <utility>
+
+MyTableView::MyTableView(QWidget *parent)
+    : QTableView(parent)
+    , m_model(new kit::DataSourceTableModel(this))
+    , m_cellDelegate(new kit::CellEditingDelegate(this))
+    , m_dropTipView(new DropTipView(viewport()))
+{
+    setModel(m_model);
+    setItemDelegate(m_cellDelegate);
+    configure();
+    wireSelection();
+    applyTheme();
+    placeDropTipView();
+}
+
+MyTableView::~MyTableView() = default;
+
+void MyTableView::configure()
+{
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(DoubleClicked | EditKeyPressed);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setFrameShape(QFrame::NoFrame);
+    verticalHeader()->hide();
+    // One height for all rows: the view never asks a row for its own.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(kit::kRowHeight);
+    setHorizontalHeader(new kit::QuietHeader(this));
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+        [this](int column, int, int width) { keepColumnWithinLimits(column, width); });
+}
+
+void MyTableView::wireSelection()
+{
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+        [this](const QItemSelection &selected) { rowsSelected(selected); });
+}
+
+void MyTableView::setDataSource(const std::weak_ptr<kit::TableDataSource> &dataSource)
+{
+    m_model->setDataSource(dataSource);
+}
+
+QString MyTableView::dropInPrompt() const
+{
+    return m_dropTipView->prompt();
+}
+
+void MyTableView::setDropInPrompt(const QString &prompt)
+{
+    m_dropTipView->setPrompt(prompt);
+}
+
+int MyTableView::numberOfColumns() const
+{
+    return m_model->columnCount();
+}
+
+int MyTableView::numberOfRows() const
+{
+    return m_model->rowCount();
+}
+
+const std::vector<kit::TableColumn> &MyTableView::tableColumns() const
+{
+    return m_model->columns();
+}
+
+int MyTableView::columnWithIdentifier(const QString &identifier) const
+{
+    const auto &columns = m_model->columns();
+    const auto found = std::find_if(columns.begin(), columns.end(),
+        [&identifier](const kit::TableColumn &column) { return column.identifier == identifier; });
+    return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
+}
+
+void MyTableView::replaceColumnsFrom(int first, std::vector<kit::TableColumn> columns)
+{
+    const QScopedValueRollback reloading(m_reloading, true);
+    // The selection is of whole rows: it must reach over the new columns, too.
+    const kit::RowRanges rows = selectedRowRanges();
+    const int row = currentIndex().row();
+    m_model->replaceColumnsFrom(first, std::move(columns));
+    selectionModel()->select(kit::wholeRows(rows, *m_model), QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(m_model->index(row, 0), QItemSelectionModel::NoUpdate);
+
+    const auto &all = m_model->columns();
+    for (std::size_t column = static_cast<std::size_t>(std::max(first, 0)); column < all.size(); ++column) {
+        setColumnWidth(static_cast<int>(column), all[column].width);
+    }
+    fitFillingColumn();
+}
+
+void MyTableView::setColumnTitle(const QString &identifier, const QString &title)
+{
+    if (const int column = columnWithIdentifier(identifier); column >= 0) {
+        m_model->setColumnTitle(column, title);
+    }
+}
+
+void MyTableView::reloadData()
+{
+    const kit::RowRanges before = selectedRowRanges();
+    {
+        const QScopedValueRollback reloading(m_reloading, true);
+        const bool wasEmpty = numberOfRows() == 0;
+        m_model->reload();
+        if (wasEmpty && numberOfRows() > 0) {
+            selectSingleRow(0);
+            scrollToTop();
+        }
+        placeDropTipView();
+    }
+    if (const auto delegate = reloadDelegate()) {
+        delegate->tableViewReloaded(this);
+    }
+    if (selectedRowRanges() != before) {
+        reportSelection();
+    }
+}
+
+kit::RowRanges MyTableView::selectedRowRanges() const
+{
+    return kit::rowRanges(selectionModel()->selection());
+}
+
+std::vector<std::size_t> MyTableView::selectedRowIndexes() const
+{
+    return kit::rowIndexes(selectedRowRanges());
+}
+
+int MyTableView::selectedRow() const
+{
+    const kit::RowRanges rows = selectedRowRanges();
+    return kit::containsRow(rows, m_lastAddedRow) ? m_lastAddedRow : kit::nearestRow(rows, m_lastAddedRow);
+}
+
+void MyTableView::selectSingleRow(int row)
+{
+    if (row < 0 || row >= numberOfRows()) {
+        return;
+    }
+    selectionModel()->setCurrentIndex(m_model->index(row, 0),
+        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    m_lastAddedRow = row;
+}
+
+void MyTableView::scrollRowToVisible(int row)
+{
+    if (row >= 0 && row < numberOfRows()) {
+        // The first column: a row is shown without moving sideways.
+        const int horizontal = horizontalScrollBar()->value();
+        scrollTo(m_model->index(row, 0), EnsureVisible);
+        horizontalScrollBar()->setValue(horizontal);
+    }
+}
+
+void MyTableView::rowsSelected(const QItemSelection &selected)
+{
+    const int added = kit::farthestEnd(kit::rowRanges(selected), m_lastAddedRow);
+    if (!m_reloading && added >= 0) {
+        m_lastAddedRow = added;
+    }
+    if (!m_reloading) {
+        reportSelection();
+    }
+}
+
+void MyTableView::reportSelection()
+{
+    if (const auto source = m_model->dataSource()) {
+        source->tableViewSelectionDidChange(this);
+    }
+}
+
+void MyTableView::keepColumnWithinLimits(int column, int width)
+{
+    if (m_fittingColumns || column < 0 || column >= numberOfColumns()) {
+        return;
+    }
+    const auto &limits = m_model->columns()[static_cast<std::size_t>(column)];
+    {
+        const QScopedValueRollback fitting(m_fittingColumns, true);
+        setColumnWidth(column, std::clamp(width, limits.minimumWidth, limits.maximumWidth));
+    }
+    if (!limits.fillsRemainingWidth) {
+        fitFillingColumn();
+    }
+}
+
+void MyTableView::fitFillingColumn()
+{
+    const auto &columns = m_model->columns();
+    const auto filling = std::find_if(columns.begin(), columns.end(),
+        [](const kit::TableColumn &column) { return column.fillsRemainingWidth; });
+    if (filling == columns.end()) {
+        return;
+    }
+    const int column = static_cast<int>(filling - columns.begin());
+    const int others = horizontalHeader()->length() - columnWidth(column);
+    const QScopedValueRollback fitting(m_fittingColumns, true);
+    setColumnWidth(column, std::max(filling->minimumWidth, viewport()->width() - others));
+}
+
+void MyTableView::applyTheme()
+{
+    // From the application's palette: from its own it would take back what it has set there.
+    const QPalette desktop = QApplication::palette(this);
+    const kit::Theme theme(desktop);
+    QPalette colours = desktop;
+    colours.setColor(QPalette::Highlight, theme.selection);
+    colours.setColor(QPalette::HighlightedText, theme.text);
+    if (colours != palette()) {
+        setPalette(colours);
+    }
+}
+
+void MyTableView::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        applyTheme();
+    }
+}
+
+void MyTableView::resizeEvent(QResizeEvent *event)
+{
+    QTableView::resizeEvent(event);
+    fitFillingColumn();
+    placeDropTipView();
+}
+
+void MyTableView::updateGeometries()
+{
+    QTableView::updateGeometries();
+    // A scroll bar that came or went changed the viewport without a resize of the view.
+    if (!m_fittingColumns && m_model) {
+        fitFillingColumn();
+    }
+}
+
+void MyTableView::placeDropTipView()
+{
+    m_dropTipView->setGeometry(viewport()->rect());
+    m_dropTipView->setVisible(numberOfRows() == 0);
+    if (m_dropTipView->isVisible()) {
+        m_dropTipView->raise();
+    }
+}
+
+void MyTableView::keyPressEvent(QKeyEvent *event)
+{
+    const auto delegate = reloadDelegate();
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (delegate && plain && event->key() == Qt::Key_Space) {
+        // A key that is held down must not toggle playing again and again.
+        if (!event->isAutoRepeat()) {
+            delegate->spaceKeyDown(this);
+        }
+        return;
+    }
+    if (delegate && plain && (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace)) {
+        delegate->deleteFileDown(this);
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void MyTableView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const auto delegate = reloadDelegate();
+    if (QMenu *menu = delegate ? delegate->menuForRightClick() : nullptr) {
+        menu->popup(event->globalPos());
+    }
+}
+
+void MyTableView::editColumn_row_select(int column, int row, bool select)
+{
+    const QModelIndex cell = m_model->index(row, column);
+    if (!cell.isValid() || !(m_model->flags(cell) & Qt::ItemIsEditable)) {
+        return;
+    }
+    setCurrentIndex(cell);
+    edit(cell);
+    // The view opens every editor with its text selected.
+    if (auto *field = qobject_cast<QLineEdit *>(m_cellDelegate->editor()); field && !select) {
+        field->deselect();
+    }
+}
+
+bool MyTableView::isEditingCell() const
+{
+    return m_cellDelegate->editor() != nullptr;
+}
+
+void MyTableView::abortEditing()
+{
+    // While the typed text is being written back its editor is still in use further up the stack;
+    // the view closes it by itself afterwards.
+    if (m_committing) {
+        return;
+    }
+    if (QWidget *editor = m_cellDelegate->editor()) {
+        const bool hadFocus = editor->hasFocus();
+        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+        if (hadFocus) {
+            setFocus();
+        }
+    }
+}
+
+void MyTableView::commitEditing()
+{
+    if (m_committing) {
+        return;
+    }
+    if (QPointer<QWidget> editor = m_cellDelegate->editor()) {
+        commitData(editor);
+        if (editor) {
+            closeEditor(editor, QAbstractItemDelegate::NoHint);
+        }
+    }
+}
+
+void MyTableView::commitData(QWidget *editor)
+{
+    const QScopedValueRollback committing(m_committing, true);
+    QTableView::commitData(editor);
+}

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "kit/RowSelection.h"
+#include "kit/TableDataSource.h"
+
+#include <QtCore/QPointer>
+#include <QtWidgets/QTableView>
+
+#include <memory>
+#include <optional>
+
+class DropTipView;
+class QMenu;
+
+namespace kit {
+class CellEditingDelegate;
+class DataSourceTableModel;
+} // namespace kit
+
+/// What a table asks of, and tells, the controller that owns its rows.
+class MyTableViewDelegate
+{
+public:
+    virtual ~MyTableViewDelegate() = default;
+
+    /// The menu for a right click or the menu key; null for none.
+    [[nodiscard]] virtual QMenu *menuForRightClick() = 0;
+    /// Delete or Backspace was pressed in the table.
+    virtual void deleteFileDown(QObject *sender) { static_cast<void>(sender); }
+    /// The space key was pressed in the table.
+    virtual void spaceKeyDown(QObject *sender) { static_cast<void>(sender); }
+    /// The table was reloaded.
+    virtual void tableViewReloaded(QObject *sender) { static_cast<void>(sender); }
+
+protected:
+    MyTableViewDelegate() = default;
+    MyTableViewDelegate(const MyTableViewDelegate &) = default;
+    MyTableViewDelegate &operator=(const MyTableViewDelegate &) = default;
+};
+
+/// A table of whole rows with columns told apart by identifier, cells from a data source, and a
+/// view over it that invites a drop while it is empty.
+///
+/// A reload keeps the selected rows that still exist, the current row and the scroll position;
+/// it tells of a selection change only when the set of selected rows did change, once, after the
+/// reload is complete. A reload that fills an empty table selects row 0.
+class MyTableView : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit MyTableView(QWidget *parent = nullptr);
+    ~MyTableView() override;
+
+    /// Both are held weakly.
+    void setDataSource(const std::weak_ptr<kit::TableDataSource> &dataSource);
+    void setReloadDelegate(const std::weak_ptr<MyTableViewDelegate> &delegate) { m_reloadDelegate = delegate; }
+    [[nodiscard]] std::shared_ptr<MyTableViewDelegate> reloadDelegate() const { return m_reloadDelegate.lock(); }
+
+    [[nodiscard]] QString dropInPrompt() const;
+    void setDropInPrompt(const QString &prompt);
+    [[nodiscard]] DropTipView *dropTipView() const { return m_dropTipView; }
+
+    [[nodiscard]] int numberOfColumns() const;
+    /// As of the last reload.
+    [[nodiscard]] int numberOfRows() const;
+    [[nodiscard]] const std::vector<kit::TableColumn> &tableColumns() const;
+    /// −1 when there is none.
+    [[nodiscard]] int columnWithIdentifier(const QString &identifier) const;
+    /// Keeps the columns before `first` as they are and puts `columns` in the place of the rest.
+    void replaceColumnsFrom(int first, std::vector<kit::TableColumn> columns);
+    void setColumnTitle(const QString &identifier, const QString &title);
+
+    void reloadData();
+
+    /// The row added to the selection last, if it is still selected; otherwise the nearest
+    /// selected row, the lower on ties; −1 when nothing is selected.
+    [[nodiscard]] int selectedRow() const;
+    [[nodiscard]] kit::RowRanges selectedRowRanges() const;
+    /// Ascending.
+    [[nodiscard]] std::vector<std::size_t> selectedRowIndexes() const;
+    /// Selects `row` alone and makes it the current row; nothing for a row that does not exist.
+    void selectSingleRow(int row);
+    void scrollRowToVisible(int row);
+
+    /// Opens the cell's editor, its text selected; nothing for a cell that does not exist or
+    /// cannot be edited.
+    void editColumn_row_select(int column, int row, bool select);
+    [[nodiscard]] bool isEditingCell() const;
+    /// Closes an open cell editor and discards what was typed.
+    void abortEditing();
+    /// Closes an open cell editor and commits what was typed.
+    void commitEditing();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyboardSearch(const QString &search) override { Q_UNUSED(search) }
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void commitData(QWidget *editor) override;
+    void updateGeometries() override;
+
+private:
+    void configure();
+    void applyTheme();
+    void wireSelection();
+    void rowsSelected(const QItemSelection &selected);
+    void reportSelection();
+    void keepColumnWithinLimits(int column, int width);
+    void fitFillingColumn();
+    void placeDropTipView();
+
+    std::weak_ptr<MyTableViewDelegate> m_reloadDelegate;
+    kit::DataSourceTableModel *m_model = nullptr;
+    kit::CellEditingDelegate *m_cellDelegate = nullptr;
+    DropTipView *m_dropTipView = nullptr;
+    int m_lastAddedRow = -1;
+    bool m_reloading = false;
+    bool m_committing = false;
+    bool m_fittingColumns = false;
+};

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/Container.h"
+
+namespace tags {
+
+ContainerOutcome parseContainer(const ByteSource &source, Format format)
+{
+    switch (format) {
+    case Format::Mpeg:
+        return parseMpeg(source);
+    case Format::Flac:
+        return parseFlac(source);
+    case Format::Mp4:
+        return parseMp4(source);
+    case Format::OggVorbis:
+    case Format::OggOpus:
+    case Format::OggSpeex:
+    case Format::OggFlac:
+        return parseOgg(source, format);
+    }
+    return Failure{Reason::Unsupported, "This kind of file cannot be read."};
+}
+
+} // namespace tags

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "media/tags/AudioTags.h"
+#include "media/tags/LyricFields.h"
+#include "media/tags/Outcome.h"
+#include "media/tags/Patch.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tags {
+
+class ByteSource;
+
+/// A stretch of a file, in bytes.
+struct Range
+{
+    std::uint64_t offset = 0;
+    std::uint64_t size = 0;
+};
+
+/// The structure of one audio file: where its lyrics are, what else is in it, and how an edit
+/// of a lyric comes about. Refers to the source that it was parsed from.
+class Container
+{
+public:
+    virtual ~Container() = default;
+
+    /// In the order in which the format prefers them.
+    [[nodiscard]] virtual std::vector<LyricField> lyricFields() const = 0;
+    /// Everything in the tags that is no lyric, each entry with its name, in file order: two
+    /// files with equal lists differ in nothing but lyric and audio.
+    [[nodiscard]] virtual std::vector<std::string> otherFields() const = 0;
+    /// The audio. The bytes of these ranges, strung together, do not change in an edit.
+    [[nodiscard]] virtual std::vector<Range> audio() const = 0;
+    /// The edit that gives field `field` of lyricFields() the text `text`, or takes it away when
+    /// `text` is empty. Without `field` the format's usual one is added.
+    [[nodiscard]] virtual Outcome<Edit> withLyric(
+        std::optional<std::size_t> field, std::string_view text) const = 0;
+
+protected:
+    Container() = default;
+    Container(const Container &) = default;
+    Container &operator=(const Container &) = default;
+};
+
+using ContainerOutcome = Outcome<std::shared_ptr<const Container>>;
+
+[[nodiscard]] ContainerOutcome parseMpeg(const ByteSource &source);
+[[nodiscard]] ContainerOutcome parseFlac(const ByteSource &source);
+[[nodiscard]] ContainerOutcome parseOgg(const ByteSource &source, Format format);
+[[nodiscard]] ContainerOutcome parseMp4(const ByteSource &source);
+
+/// The structure of `source`, which must outlive it.
+[[nodiscard]] ContainerOutcome parseContainer(const ByteSource &source, Format format);
+
+} // namespace tags

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace tags {
+
+/// What tells one content of a file from another, taken when it was read.
+///
+/// A save compares it with the file as it is then, so that nobody's later change is overwritten.
+struct FileState
+{
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::uint64_t size = 0; ///< bytes
+    std::int64_t modifiedSeconds = 0; ///< since 1970
+    std::int64_t modifiedNanoseconds = 0;
+    std::optional<std::uint64_t> hash; ///< of the whole content; absent above `kMaxSaveBytes`
+
+    friend bool operator==(const FileState &, const FileState &) = default;
+};
+
+/// The largest file that is saved, and held in memory while it is: 128 MiB.
+inline constexpr std::uint64_t kMaxSaveBytes = 128ULL << 20;
+
+/// The largest file that is opened at all: 2 GiB.
+inline constexpr std::uint64_t kMaxReadBytes = 2ULL << 30;
+
+} // namespace tags

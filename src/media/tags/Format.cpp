@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/Format.h"
+
+#include "media/tags/ByteSource.h"
+#include "media/tags/Id3v2Tag.h"
+#include "media/tags/MpegFrame.h"
+#include "media/tags/OggPage.h"
+
+#include <string>
+#include <string_view>
+
+namespace tags {
+
+namespace {
+
+struct Signature
+{
+    std::size_t at;
+    std::string_view bytes;
+    const char *name;
+};
+
+using namespace std::string_view_literals;
+
+/// Audio that is known by sight and cannot be edited.
+constexpr Signature kOthers[] = {
+    {0, "RIFF"sv, "WAV"},
+    {0, "RF64"sv, "WAV"},
+    {0, "FORM"sv, "AIFF"},
+    {0, "\x30\x26\xB2\x75\x8E\x66\xCF\x11"sv, "WMA"},
+    {0, "MAC "sv, "APE"},
+    {0, "wvPk"sv, "WavPack"},
+    {0, "MPCK"sv, "Musepack"},
+    {0, "MP+"sv, "Musepack"},
+    {0, "TTA1"sv, "TTA"},
+    {0, "DSD "sv, "DSF"},
+    {0, "FRM8"sv, "DSDIFF"},
+    {0, "\x1A\x45\xDF\xA3"sv, "Matroska"},
+    {0, "ADIF"sv, "AAC"},
+    {0, "\xFF\xF1"sv, "AAC"},
+    {0, "\xFF\xF9"sv, "AAC"},
+};
+
+Failure unsupported(const char *name)
+{
+    return {Reason::Unsupported,
+        std::string("Files of this kind (") + name
+            + ") cannot be opened. Choose an MP3, FLAC, M4A or Ogg file."};
+}
+
+Failure notAudio()
+{
+    return {Reason::NotAudio,
+        "This is not an audio file, whatever its name says. Choose an MP3, FLAC, M4A or Ogg file."};
+}
+
+Outcome<Format> oggFormat(const ByteSource &source)
+{
+    const std::optional<OggPage> page = OggPage::parse(source, 0);
+    if (!page)
+        return Failure{Reason::Damaged, "The Ogg file is damaged or incomplete."};
+    const std::string packet = source.read(page->bodyAt(), 8);
+    const auto begins
+        = [&packet](std::string_view with) { return packet.compare(0, with.size(), with) == 0; };
+    if (begins("\x01vorbis"))
+        return Format::OggVorbis;
+    if (begins("OpusHead"))
+        return Format::OggOpus;
+    if (begins("Speex   "))
+        return Format::OggSpeex;
+    if (begins("\x7F"
+               "FLAC"))
+        return Format::OggFlac;
+    return Failure{Reason::Unsupported, "The Ogg file holds no Vorbis, Opus, Speex or FLAC sound."};
+}
+
+} // namespace
+
+Outcome<Format> detectFormat(const ByteSource &source)
+{
+    if (source.size() == 0)
+        return Failure{Reason::NotAudio, "The file is empty. Choose an audio file."};
+    const std::uint64_t tagEnd = leadingId3v2Size(source);
+    const std::string head = source.read(tagEnd, 16);
+    const auto has = [&head](std::size_t at, std::string_view bytes) {
+        return head.compare(at < head.size() ? at : head.size(), bytes.size(), bytes) == 0;
+    };
+    if (has(0, "fLaC"))
+        return Format::Flac;
+    if (tagEnd == 0 && has(0, "OggS"))
+        return oggFormat(source);
+    if (tagEnd == 0 && has(4, "ftyp"))
+        return Format::Mp4;
+    for (const Signature &other : kOthers) {
+        if (has(other.at, other.bytes))
+            return unsupported(other.name);
+    }
+    if (firstMpegFrame(source, tagEnd, tagEnd > 0))
+        return Format::Mpeg;
+    return notAudio();
+}
+
+} // namespace tags

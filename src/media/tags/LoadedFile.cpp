@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/LoadedFile.h"
+
+#include "media/tags/Hash.h"
+#include "media/tags/SystemCalls.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <system_error>
+#include <utility>
+
+namespace tags {
+
+namespace {
+
+/// A file too large for memory, read where it is asked for.
+class FileSource final : public ByteSource
+{
+public:
+    FileSource(std::unique_ptr<Descriptor> file, std::uint64_t size, SystemCalls &system)
+        : m_file(std::move(file)), m_size(size), m_system(system)
+    { }
+
+    [[nodiscard]] std::uint64_t size() const override { return m_size; }
+    [[nodiscard]] std::string read(std::uint64_t offset, std::size_t count) const override;
+
+private:
+    std::unique_ptr<Descriptor> m_file;
+    std::uint64_t m_size;
+    SystemCalls &m_system;
+};
+
+/// Reads up to `count` bytes; fewer at the end of the file, −1 when the system refuses.
+ssize_t readAll(int fd, char *out, std::size_t count, std::uint64_t offset, SystemCalls &system)
+{
+    std::size_t done = 0;
+    while (done < count) {
+        const ssize_t got = system.pread(fd, out + done, count - done, off_t(offset + done));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return -1;
+        if (got == 0)
+            break;
+        done += std::size_t(got);
+    }
+    return ssize_t(done);
+}
+
+std::string FileSource::read(std::uint64_t offset, std::size_t count) const
+{
+    if (offset >= m_size)
+        return {};
+    std::string out(std::size_t(std::min<std::uint64_t>(count, m_size - offset)), '\0');
+    const ssize_t got = readAll(m_file->get(), out.data(), out.size(), offset, m_system);
+    out.resize(got < 0 ? 0 : std::size_t(got));
+    return out;
+}
+
+int openRetrying(const std::string &path, SystemCalls &system)
+{
+    // A pipe would otherwise make us wait for its other end, and a terminal would take us over.
+    constexpr int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    int fd = -1;
+    do {
+        fd = system.open(path.c_str(), flags, 0);
+    } while (fd < 0 && errno == EINTR);
+    return fd;
+}
+
+FileState stateOf(const struct stat &status)
+{
+    FileState state;
+    state.device = status.st_dev;
+    state.inode = status.st_ino;
+    state.size = std::uint64_t(status.st_size);
+    state.modifiedSeconds = status.st_mtim.tv_sec;
+    state.modifiedNanoseconds = status.st_mtim.tv_nsec;
+    return state;
+}
+
+std::optional<Failure> refusal(const struct stat &status)
+{
+    if (S_ISDIR(status.st_mode))
+        return Failure{Reason::NotAFile, "This is a folder. Choose an audio file."};
+    if (!S_ISREG(status.st_mode))
+        return Failure{Reason::NotAFile, "This is not a file but a device or a pipe. Choose an audio file."};
+    if (std::uint64_t(status.st_size) > kMaxReadBytes)
+        return Failure{Reason::TooLarge, "The file is larger than 2 GiB, which is more than can be opened."};
+    return std::nullopt;
+}
+
+/// The whole content; shorter than `size` when somebody cut the file meanwhile.
+Outcome<std::string> content(int fd, std::uint64_t size, SystemCalls &system)
+{
+    std::string bytes(std::size_t(size), '\0');
+    const ssize_t got = readAll(fd, bytes.data(), bytes.size(), 0, system);
+    if (got < 0)
+        return systemFailure(errno, "read");
+    if (std::size_t(got) != bytes.size())
+        return Failure{Reason::ChangedMeanwhile, "The file was changed while it was read. Try again."};
+    return bytes;
+}
+
+} // namespace
+
+Descriptor::~Descriptor()
+{
+    close();
+}
+
+int Descriptor::close()
+{
+    const int fd = std::exchange(m_fd, -1);
+    return fd < 0 ? 0 : m_system.close(fd);
+}
+
+Failure systemFailure(int error, const std::string &what)
+{
+    const std::string why = std::generic_category().message(error);
+    if (error == ENOENT || error == ENOTDIR)
+        return {Reason::Missing, "The file is not there any more. (" + why + ")"};
+    if (error == EACCES || error == EPERM)
+        return {Reason::NoPermission,
+            "You do not have permission: the file could not be " + what + ". (" + why + ")"};
+    return {Reason::SystemError, "The file could not be " + what + ". (" + why + ")"};
+}
+
+Outcome<LoadedFile> load(const std::string &path, SystemCalls &system)
+{
+    // A NUL inside would silently open another file than the one that was named.
+    if (path.find('\0') != std::string::npos)
+        return systemFailure(ENOENT, "read");
+    auto file = std::make_unique<Descriptor>(openRetrying(path, system), system);
+    if (file->get() < 0)
+        return systemFailure(errno, "read");
+    LoadedFile loaded;
+    if (system.fstat(file->get(), &loaded.status) != 0)
+        return systemFailure(errno, "read");
+    if (auto failure = refusal(loaded.status))
+        return *failure;
+    loaded.state = stateOf(loaded.status);
+    if (loaded.state.size > kMaxSaveBytes) {
+        loaded.source = std::make_unique<FileSource>(std::move(file), loaded.state.size, system);
+        return loaded;
+    }
+    Outcome<std::string> bytes = content(file->get(), loaded.state.size, system);
+    if (!bytes.ok())
+        return bytes.failure();
+    loaded.state.hash = fnv1a(bytes.value());
+    loaded.source = std::make_unique<MemorySource>(std::move(bytes.value()));
+    return loaded;
+}
+
+} // namespace tags

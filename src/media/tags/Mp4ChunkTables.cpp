@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/Mp4ChunkTables.h"
+
+#include "media/tags/ByteSource.h"
+#include "media/tags/Hash.h"
+#include "media/tags/Mp4Atom.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace tags {
+
+namespace {
+
+constexpr std::size_t kSampledBytes = 32;
+constexpr std::uint64_t kLargest32 = 0xFFFFFFFFULL;
+
+/// The offsets in a table, and where in its body they stand.
+struct Table
+{
+    std::string body;
+    std::size_t at = 0;
+    std::size_t width = 4; ///< bytes an offset
+    std::size_t count = 0;
+
+    [[nodiscard]] std::uint64_t offset(std::size_t i) const { return bigEndian(body, at + i * width, width); }
+};
+
+/// Null when `atom` is no table of offsets into the file.
+std::optional<Table> tableOf(const ByteSource &source, const Mp4Atom &atom)
+{
+    Table table;
+    if (atom.name == "stco" || atom.name == "co64") {
+        table.body = atom.body(source);
+        table.at = 8;
+        table.width = atom.name == "stco" ? 4 : 8;
+        const std::size_t room = table.body.size() < 8 ? 0 : (table.body.size() - 8) / table.width;
+        table.count = std::size_t(std::min<std::uint64_t>(bigEndian(table.body, 4, 4), room));
+        return table;
+    }
+    if (atom.name == "tfhd") {
+        table.body = atom.body(source);
+        table.at = 8; // behind flags and track
+        table.width = 8;
+        const bool hasBase = (bigEndian(table.body, 0, 4) & 1U) && table.body.size() >= 16;
+        table.count = hasBase ? 1 : 0;
+        return table;
+    }
+    return std::nullopt;
+}
+
+/// The table's body with what lies from `from` on moved; null when an offset does not fit.
+std::optional<std::string> moved(const Table &table, std::uint64_t from, std::uint64_t delta)
+{
+    std::string body = table.body;
+    for (std::size_t i = 0; i < table.count; ++i) {
+        const std::uint64_t old = table.offset(i);
+        if (old < from)
+            continue;
+        const std::uint64_t now = old + delta;
+        if (table.width == 4 && now > kLargest32)
+            return std::nullopt;
+        body.replace(table.at + i * table.width, table.width, toBigEndian(now, table.width));
+    }
+    return body;
+}
+
+void collectTables(const Mp4Atom &atom, std::vector<const Mp4Atom *> &out)
+{
+    for (const Mp4Atom &child : atom.children) {
+        if (child.name == "stco" || child.name == "co64" || child.name == "tfhd")
+            out.push_back(&child);
+        collectTables(child, out);
+    }
+}
+
+} // namespace
+
+Outcome<Edit> movedChunks(
+    const ByteSource &source, const Mp4Atom &file, std::uint64_t from, std::uint64_t delta)
+{
+    Edit edit;
+    if (delta == 0)
+        return edit;
+    if (const Mp4Atom *index = file.child("mfra"); index && index->offset >= from) {
+        return Failure{Reason::Unsupported,
+            "The MP4 file is split into fragments with an index of its own, which cannot be edited here."};
+    }
+    std::vector<const Mp4Atom *> tables;
+    collectTables(file, tables);
+    for (const Mp4Atom *atom : tables) {
+        const std::optional<Table> table = tableOf(source, *atom);
+        const std::optional<std::string> body = moved(*table, from, delta);
+        if (!body)
+            return Failure{Reason::TooLarge, "The lyric is too long for this MP4 file."};
+        if (*body != table->body)
+            edit.push_back({atom->bodyAt(), body->size(), *body});
+    }
+    return edit;
+}
+
+std::optional<std::string> chunkTarget(const ByteSource &source, const Mp4Atom &atom)
+{
+    const std::optional<Table> table = tableOf(source, atom);
+    if (!table)
+        return std::nullopt;
+    std::uint64_t hash = fnv1a(table->body.substr(0, table->at));
+    for (std::size_t i = 0; i < table->count; ++i)
+        hash = fnv1a(source.read(table->offset(i), kSampledBytes), hash);
+    hash = fnv1a(table->body.substr(table->at + table->count * table->width), hash);
+    return std::to_string(table->count) + ' ' + std::to_string(hash);
+}
+
+} // namespace tags

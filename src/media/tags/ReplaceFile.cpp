@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/ReplaceFile.h"
+
+#include "media/tags/Hash.h"
+#include "media/tags/SystemCalls.h"
+
+#include <atomic>
+#include <cerrno>
+#include <fcntl.h>
+#include <optional>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace tags {
+
+namespace {
+
+constexpr int kNameAttempts = 100;
+constexpr std::size_t kMaxAttributeBytes = 64 * 1024;
+
+std::string folderOf(const std::string &path)
+{
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : slash == 0 ? "/" : path.substr(0, slash);
+}
+
+/// A file beside the target, removed when its owner goes unless it took the target's name.
+class Temporary
+{
+public:
+    Temporary(std::string path, int fd, SystemCalls &system)
+        : m_path(std::move(path)), m_file(fd, system), m_system(system)
+    { }
+    ~Temporary()
+    {
+        if (!m_path.empty())
+            m_system.unlink(m_path.c_str());
+    }
+    Temporary(const Temporary &) = delete;
+    Temporary &operator=(const Temporary &) = delete;
+
+    [[nodiscard]] int fd() const { return m_file.get(); }
+    [[nodiscard]] int close() { return m_file.close(); }
+    [[nodiscard]] int rename(const std::string &target)
+    {
+        const int answer = m_system.rename(m_path.c_str(), target.c_str());
+        if (answer == 0)
+            m_path.clear();
+        return answer;
+    }
+
+private:
+    std::string m_path; ///< empty once it has the target's name
+    Descriptor m_file;
+    SystemCalls &m_system;
+};
+
+/// Whoever writes a temporary holds a lock on it; one that nobody holds was left by a crash.
+void sweep(const std::string &folder, SystemCalls &system)
+{
+    std::vector<std::string> names;
+    if (system.listFolder(folder.c_str(), names) != 0)
+        return;
+    for (const std::string &name : names) {
+        if (name.rfind(kTemporaryPrefix, 0) != 0)
+            continue;
+        const std::string path = folder + '/' + name;
+        Descriptor file(
+            system.open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW | O_CLOEXEC, 0), system);
+        if (file.get() >= 0 && system.lock(file.get()) == 0)
+            system.unlink(path.c_str());
+    }
+}
+
+std::unique_ptr<Temporary> makeTemporary(const std::string &folder, SystemCalls &system)
+{
+    static std::atomic<unsigned> counter = 0;
+    for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
+        const std::string path
+            = folder + '/' + kTemporaryPrefix + std::to_string(getpid()) + '-' + std::to_string(++counter);
+        const int fd = system.open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+        if (fd >= 0)
+            return std::make_unique<Temporary>(path, fd, system);
+        if (errno != EEXIST && errno != EINTR)
+            return nullptr;
+    }
+    return nullptr;
+}
+
+bool writeAll(int fd, const std::string &bytes, SystemCalls &system)
+{
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t wrote = system.write(fd, bytes.data() + done, bytes.size() - done);
+        if (wrote < 0 && errno == EINTR)
+            continue;
+        if (wrote == 0)
+            errno = ENOSPC; // no progress and no reason given: do not try for ever
+        if (wrote <= 0)
+            return false;
+        done += std::size_t(wrote);
+    }
+    return true;
+}
+
+bool syncRetrying(int fd, SystemCalls &system)
+{
+    int answer = 0;
+    do {
+        answer = system.fsync(fd);
+    } while (answer != 0 && errno == EINTR);
+    return answer == 0;
+}
+
+/// Extended attributes, access lists among them. What the system does not let us take over is
+/// not worth losing the save for.
+void copyAttributes(const std::string &from, int to, SystemCalls &system)
+{
+    const Descriptor source(
+        system.open(from.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0), system);
+    if (source.get() < 0)
+        return;
+    std::string names(kMaxAttributeBytes, '\0');
+    const ssize_t size = system.listAttributes(source.get(), names.data(), names.size());
+    names.resize(size < 0 ? 0 : std::size_t(size));
+    std::string value(kMaxAttributeBytes, '\0');
+    for (std::size_t at = 0; at < names.size(); at = names.find('\0', at) + 1) {
+        const char *name = names.c_str() + at;
+        const ssize_t bytes = system.getAttribute(source.get(), name, value.data(), value.size());
+        if (bytes >= 0)
+            system.setAttribute(to, name, value.data(), std::size_t(bytes));
+    }
+}
+
+/// Owner before mode: giving a file away takes special mode bits off it.
+bool takeOver(const std::string &path, const struct stat &status, int to, SystemCalls &system)
+{
+    // Only the owner and root may give files away; for others the file becomes theirs.
+    static_cast<void>(system.fchown(to, status.st_uid, status.st_gid));
+    copyAttributes(path, to, system);
+    return system.fchmod(to, status.st_mode & 07777) == 0;
+}
+
+bool isUnchanged(const std::string &path, const FileState &expected, SystemCalls &system)
+{
+    const Outcome<LoadedFile> now = load(path, system);
+    return now.ok() && now.value().state == expected;
+}
+
+/// The temporary, complete and on the disk.
+std::optional<Failure> fill(Temporary &temporary, const std::string &path, const std::string &bytes,
+    const struct stat &status, SystemCalls &system)
+{
+    static_cast<void>(system.lock(temporary.fd()));
+    if (!writeAll(temporary.fd(), bytes, system) || !takeOver(path, status, temporary.fd(), system)
+        || !syncRetrying(temporary.fd(), system))
+        return systemFailure(errno, "written");
+    return std::nullopt;
+}
+
+/// A rename is on the disk only when its folder is.
+std::string syncFolder(const std::string &folder, SystemCalls &system)
+{
+    const Descriptor file(system.open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0), system);
+    if (file.get() >= 0 && (syncRetrying(file.get(), system) || errno == EINVAL))
+        return {};
+    return "The lyric is saved, but the system could not say whether it would survive a power failure now. ("
+        + std::generic_category().message(errno) + ")";
+}
+
+FileState newState(int fd, const std::string &bytes, SystemCalls &system)
+{
+    FileState state;
+    struct stat status = {};
+    if (system.fstat(fd, &status) == 0) {
+        state.device = status.st_dev;
+        state.inode = status.st_ino;
+        state.modifiedSeconds = status.st_mtim.tv_sec;
+        state.modifiedNanoseconds = status.st_mtim.tv_nsec;
+    }
+    state.size = bytes.size();
+    state.hash = fnv1a(bytes);
+    return state;
+}
+
+std::string linkRemark(const struct stat &status)
+{
+    return status.st_nlink > 1 ? "The file has another name (a hard link), under which the old version stays."
+                               : "";
+}
+
+} // namespace
+
+Outcome<Replaced> replaceFile(
+    const std::string &path, const std::string &bytes, const LoadedFile &old, SystemCalls &system)
+{
+    const std::string folder = folderOf(path);
+    sweep(folder, system);
+    const std::unique_ptr<Temporary> temporary = makeTemporary(folder, system);
+    if (!temporary)
+        return systemFailure(errno, "written");
+    if (auto failure = fill(*temporary, path, bytes, old.status, system))
+        return *failure;
+    Replaced replaced = {newState(temporary->fd(), bytes, system), linkRemark(old.status)};
+    if (temporary->close() != 0 && errno != EINTR)
+        return systemFailure(errno, "written");
+    if (!isUnchanged(path, old.state, system)) {
+        return Failure{Reason::ChangedMeanwhile,
+            "Another program changed the file meanwhile, so it was left alone. Open it again to see its "
+            "lyric."};
+    }
+    if (temporary->rename(path) != 0)
+        return systemFailure(errno, "written");
+    const std::string remark = syncFolder(folder, system);
+    if (!remark.empty())
+        replaced.remark = remark;
+    return replaced;
+}
+
+} // namespace tags

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/TagLibReader.h"
+
+#include "media/tags/ByteSource.h"
+#include "media/tags/Id3v2Guard.h"
+#include "media/tags/Id3v2Tag.h"
+#include "media/tags/MpegFrame.h"
+#include "media/tags/SourceStream.h"
+#include "media/tags/TagLibViews.h"
+
+#include <taglib/flacfile.h>
+#include <taglib/id3v2framefactory.h>
+#include <taglib/mp4file.h>
+#include <taglib/mpegfile.h>
+#include <taglib/oggflacfile.h>
+#include <taglib/opusfile.h>
+#include <taglib/speexfile.h>
+#include <taglib/vorbisfile.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace tags {
+
+namespace {
+
+void view(TagLib::MPEG::File &file, LibraryView &out)
+{
+    if (file.hasID3v2Tag())
+        addView(*file.ID3v2Tag(), out);
+}
+
+void view(TagLib::MP4::File &file, LibraryView &out)
+{
+    if (file.tag())
+        addView(static_cast<const TagLib::MP4::Tag &>(*file.tag()), out);
+}
+
+void view(TagLib::FLAC::File &file, LibraryView &out)
+{
+    if (file.hasXiphComment())
+        addView(*file.xiphComment(), out);
+    addPictures(file.pictureList(), out);
+}
+
+template <typename OggFile>
+void view(OggFile &file, LibraryView &out)
+{
+    if (!file.tag())
+        return;
+    addView(*file.tag(), out);
+    addPictures(file.tag()->pictureList(), out);
+}
+
+Outcome<LibraryView> finished(TagLib::File &file, const SourceStream &stream, LibraryView view)
+{
+    if (stream.isExhausted())
+        return Failure{Reason::Hostile, "The file takes too much reading to be opened safely."};
+    if (!file.isValid())
+        return Failure{Reason::Damaged, "The file is damaged or incomplete, so its tags cannot be read."};
+    if (const TagLib::Tag *tag = file.tag()) {
+        view.title = tag->title().to8Bit(true);
+        view.artist = tag->artist().to8Bit(true);
+        view.album = tag->album().to8Bit(true);
+    }
+    if (const TagLib::AudioProperties *properties = file.audioProperties())
+        view.duration = std::max(0, properties->lengthInMilliseconds()) / 1000.0;
+    std::sort(view.lyrics.begin(), view.lyrics.end());
+    std::sort(view.others.begin(), view.others.end());
+    return view;
+}
+
+template <typename File, typename... Arguments>
+Outcome<LibraryView> viewOf(SourceStream &stream, Arguments... arguments)
+{
+    File file(&stream, arguments...);
+    LibraryView out;
+    if (file.isValid())
+        view(file, out);
+    return finished(file, stream, std::move(out));
+}
+
+/// Where the library begins to read: not at what stands before the file proper, since it would
+/// look for tags there that are not checked here.
+std::uint64_t startOf(const ByteSource &source, Format format)
+{
+    if (format == Format::Flac)
+        return leadingId3v2Size(source);
+    if (format == Format::Mpeg && id3v2Size(source, 0) == 0)
+        return firstMpegFrame(source, 0, false).value_or(0);
+    return 0;
+}
+
+std::optional<Failure> hostileContent(const ByteSource &source, Format format)
+{
+    if (format != Format::Mpeg)
+        return std::nullopt; // the other containers bound what they hold when they are parsed
+    const Outcome<Id3v2Tag> tag = Id3v2Tag::parse(source);
+    return tag.ok() ? hostileTag(tag.value()) : tag.failure();
+}
+
+} // namespace
+
+Outcome<LibraryView> readWithTagLib(const ByteSource &source, Format format, const std::string &name)
+{
+    if (auto failure = hostileContent(source, format))
+        return *failure;
+    SourceStream stream(source, startOf(source, format), name);
+    TagLib::ID3v2::FrameFactory *frames = TagLib::ID3v2::FrameFactory::instance();
+    switch (format) {
+    case Format::Mpeg:
+        return viewOf<TagLib::MPEG::File>(stream, frames);
+    case Format::Flac:
+        return viewOf<TagLib::FLAC::File>(stream, frames);
+    case Format::OggVorbis:
+        return viewOf<TagLib::Ogg::Vorbis::File>(stream);
+    case Format::OggOpus:
+        return viewOf<TagLib::Ogg::Opus::File>(stream);
+    case Format::OggSpeex:
+        return viewOf<TagLib::Ogg::Speex::File>(stream);
+    case Format::OggFlac:
+        return viewOf<TagLib::Ogg::FLAC::File>(stream);
+    case Format::Mp4:
+        return viewOf<TagLib::MP4::File>(stream);
+    }
+    return Failure{Reason::Unsupported, "This kind of file cannot be read."};
+}
+
+std::string textAsTagLibReads(std::string_view text)
+{
+    return TagLib::String(std::string(text), TagLib::String::UTF8).to8Bit(true);
+}
+
+} // namespace tags

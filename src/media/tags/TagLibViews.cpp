@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/TagLibViews.h"
+
+#include "media/tags/TagLibReader.h"
+
+#include <taglib/attachedpictureframe.h>
+#include <taglib/mp4coverart.h>
+#include <taglib/textidentificationframe.h>
+#include <taglib/unsynchronizedlyricsframe.h>
+
+#include <algorithm>
+#include <string>
+
+namespace tags {
+
+namespace {
+
+std::string bytesOf(const TagLib::ByteVector &bytes)
+{
+    return {bytes.data(), bytes.size()};
+}
+
+std::string utf8(const TagLib::String &text)
+{
+    return text.to8Bit(true);
+}
+
+bool isLyricName(const TagLib::String &name)
+{
+    const TagLib::String upper = name.upper();
+    return upper == "LYRICS" || upper == "SYNCEDLYRICS" || upper == "UNSYNCEDLYRICS"
+        || upper == "UNSYNCED LYRICS";
+}
+
+/// The front cover wins over any other picture, and among equals the first.
+void considerCover(const TagLib::ByteVector &data, bool isFront, bool &haveFront, std::string &cover)
+{
+    if (data.isEmpty() || haveFront || (!isFront && !cover.empty()))
+        return;
+    cover = bytesOf(data);
+    haveFront = isFront;
+}
+
+/// A lyric's text when the frame is one that counts as a lyric.
+const TagLib::String *asLyric(const TagLib::ID3v2::Frame &frame, TagLib::String &text)
+{
+    if (const auto *uslt = dynamic_cast<const TagLib::ID3v2::UnsynchronizedLyricsFrame *>(&frame)) {
+        text = uslt->text();
+        return &text;
+    }
+    const auto *user = dynamic_cast<const TagLib::ID3v2::UserTextIdentificationFrame *>(&frame);
+    if (!user || !isLyricName(user->description()))
+        return nullptr;
+    const TagLib::StringList fields = user->fieldList();
+    text = fields.size() > 1 ? fields[1] : TagLib::String();
+    return &text;
+}
+
+/// Texts, data and pictures. Numbers are left out: an item does not say of which width its number
+/// is, and reading the wrong one reads memory that was never set.
+std::string itemValue(const TagLib::MP4::Item &item)
+{
+    std::string value;
+    for (const TagLib::String &text : item.toStringList())
+        value += '\n' + utf8(text);
+    for (const TagLib::ByteVector &data : item.toByteVectorList())
+        value += '\n' + bytesOf(data);
+    for (const TagLib::MP4::CoverArt &art : item.toCoverArtList())
+        value += '\n' + bytesOf(art.data());
+    return value;
+}
+
+} // namespace
+
+void addView(const TagLib::ID3v2::Tag &tag, LibraryView &out)
+{
+    bool haveFront = false;
+    for (const TagLib::ID3v2::Frame *frame : tag.frameList()) {
+        TagLib::String text;
+        if (asLyric(*frame, text)) {
+            out.lyrics.push_back(utf8(text));
+            continue;
+        }
+        out.others.push_back(bytesOf(frame->render()));
+        if (const auto *picture = dynamic_cast<const TagLib::ID3v2::AttachedPictureFrame *>(frame)) {
+            const bool front = picture->type() == TagLib::ID3v2::AttachedPictureFrame::FrontCover;
+            considerCover(picture->picture(), front, haveFront, out.cover);
+        }
+    }
+}
+
+void addView(const TagLib::Ogg::XiphComment &comment, LibraryView &out)
+{
+    for (const auto &[key, values] : comment.fieldListMap()) {
+        for (const TagLib::String &value : values) {
+            if (isLyricName(key))
+                out.lyrics.push_back(utf8(value));
+            else
+                out.others.push_back(utf8(key) + '=' + utf8(value));
+        }
+    }
+}
+
+void addView(const TagLib::MP4::Tag &tag, LibraryView &out)
+{
+    const TagLib::String lyricName("\xA9lyr", TagLib::String::Latin1); // compared as characters, not as bytes
+    for (const auto &[name, item] : tag.itemMap()) {
+        if (name == lyricName) {
+            for (const TagLib::String &text : item.toStringList())
+                out.lyrics.push_back(utf8(text));
+            continue;
+        }
+        out.others.push_back(utf8(name) + ' ' + itemValue(item));
+        if (name == "covr" && !item.toCoverArtList().isEmpty())
+            out.cover = bytesOf(item.toCoverArtList().front().data());
+    }
+}
+
+void addPictures(const TagLib::List<TagLib::FLAC::Picture *> &pictures, LibraryView &out)
+{
+    bool haveFront = false;
+    for (const TagLib::FLAC::Picture *picture : pictures) {
+        out.others.push_back("picture " + bytesOf(picture->render()));
+        const bool front = picture->type() == TagLib::FLAC::Picture::FrontCover;
+        considerCover(picture->data(), front, haveFront, out.cover);
+    }
+}
+
+} // namespace tags

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <taglib/flacpicture.h>
+#include <taglib/id3v2tag.h>
+#include <taglib/mp4tag.h>
+#include <taglib/tlist.h>
+#include <taglib/xiphcomment.h>
+
+namespace tags {
+
+struct LibraryView;
+
+/// Adds what one kind of tag holds to `out`: lyrics, cover, everything else.
+void addView(const TagLib::ID3v2::Tag &tag, LibraryView &out);
+void addView(const TagLib::Ogg::XiphComment &comment, LibraryView &out);
+void addView(const TagLib::MP4::Tag &tag, LibraryView &out);
+void addPictures(const TagLib::List<TagLib::FLAC::Picture *> &pictures, LibraryView &out);
+
+} // namespace tags

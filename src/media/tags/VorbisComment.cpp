@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/VorbisComment.h"
+
+#include "media/tags/ByteSource.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+namespace tags {
+
+namespace {
+
+constexpr std::array<std::string_view, 4> kLyricKeys
+    = {"LYRICS", "SYNCEDLYRICS", "UNSYNCEDLYRICS", "UNSYNCED LYRICS"};
+
+/// A string with its length before it, at `at`, which moves behind it; null when it does not fit.
+std::optional<std::string_view> take(std::string_view bytes, std::size_t &at)
+{
+    if (bytes.size() - at < 4)
+        return std::nullopt;
+    const std::uint64_t length = littleEndian(bytes, at, 4);
+    if (length > bytes.size() - at - 4)
+        return std::nullopt;
+    const std::string_view text = bytes.substr(at + 4, std::size_t(length));
+    at += 4 + std::size_t(length);
+    return text;
+}
+
+std::string withLength(std::string_view text)
+{
+    return toLittleEndian(text.size(), 4) + std::string(text);
+}
+
+std::string upperKey(std::string_view entry)
+{
+    std::string key(entry.substr(0, entry.find('=')));
+    std::transform(key.begin(), key.end(), key.begin(),
+        [](unsigned char c) { return static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c); });
+    return key;
+}
+
+bool isLyric(std::string_view entry)
+{
+    return entry.find('=') != std::string_view::npos
+        && std::find(kLyricKeys.begin(), kLyricKeys.end(), upperKey(entry)) != kLyricKeys.end();
+}
+
+} // namespace
+
+std::optional<VorbisComment> VorbisComment::parse(std::string_view bytes)
+{
+    VorbisComment comment;
+    std::size_t at = 0;
+    const std::optional<std::string_view> vendor = take(bytes, at);
+    if (!vendor || bytes.size() - at < 4)
+        return std::nullopt;
+    comment.vendor = *vendor;
+    const std::uint64_t count = littleEndian(bytes, at, 4);
+    at += 4;
+    for (std::uint64_t i = 0; i < count; ++i) {
+        const std::optional<std::string_view> entry = take(bytes, at);
+        if (!entry)
+            return std::nullopt;
+        comment.entries.emplace_back(*entry);
+    }
+    comment.rest = bytes.substr(at);
+    return comment;
+}
+
+std::string VorbisComment::render() const
+{
+    std::string out = withLength(vendor) + toLittleEndian(entries.size(), 4);
+    for (const std::string &entry : entries)
+        out += withLength(entry);
+    return out + rest;
+}
+
+std::vector<VorbisLyric> lyricsOf(const VorbisComment &comment)
+{
+    std::vector<VorbisLyric> lyrics;
+    for (const std::string_view key : kLyricKeys) {
+        for (std::size_t i = 0; i < comment.entries.size(); ++i) {
+            const std::string &entry = comment.entries[i];
+            if (!isLyric(entry) || upperKey(entry) != key)
+                continue;
+            LyricField field;
+            field.name = key;
+            field.text = entry.substr(entry.find('=') + 1);
+            lyrics.push_back({i, std::move(field)});
+        }
+    }
+    return lyrics;
+}
+
+void setLyric(VorbisComment &comment, std::optional<std::size_t> entry, std::string_view text)
+{
+    if (!entry) {
+        comment.entries.push_back("LYRICS=" + std::string(text));
+    } else if (text.empty()) {
+        comment.entries.erase(comment.entries.begin() + std::ptrdiff_t(*entry));
+    } else {
+        std::string &old = comment.entries[*entry];
+        old.resize(old.find('=') + 1);
+        old += text;
+    }
+}
+
+std::vector<std::string> otherEntries(const VorbisComment &comment)
+{
+    std::vector<std::string> others = {"vendor " + comment.vendor};
+    for (const std::string &entry : comment.entries) {
+        if (!isLyric(entry))
+            others.push_back(entry);
+    }
+    others.push_back("rest " + comment.rest);
+    return others;
+}
+
+} // namespace tags
