@@ -4,11 +4,16 @@
 #include "kit/Theme.h"
 
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
 
 #include <algorithm>
 
 namespace kit {
+
+namespace {
+
+constexpr int kLargest = 252;
+
+} // namespace
 
 CoverView::CoverView(QWidget *parent) : QLabel(parent)
 {
@@ -19,6 +24,16 @@ void CoverView::setImage(const QImage &image)
 {
     m_image = image;
     cutPicture();
+}
+
+QSize CoverView::sizeHint() const
+{
+    return maximumSize().boundedTo(QSize(kLargest, kLargest));
+}
+
+QSize CoverView::minimumSizeHint() const
+{
+    return minimumSize();
 }
 
 QRect CoverView::square() const
@@ -54,10 +69,7 @@ void CoverView::paintEvent(QPaintEvent * /*event*/)
         if (picture.devicePixelRatio() != devicePixelRatioF())
             QMetaObject::invokeMethod(
                 this, [this] { cutPicture(); }, Qt::QueuedConnection);
-        QBrush brush(picture);
-        const qreal scale = 1.0 / picture.devicePixelRatio();
-        brush.setTransform(QTransform::fromScale(scale, scale));
-        painter.setBrush(brush);
+        painter.setBrush(picture); // a clip would leave the corners jagged
     }
     painter.drawRoundedRect(square(), kRadius, kRadius);
 }

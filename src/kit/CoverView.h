@@ -18,6 +18,10 @@ public:
     void setImage(const QImage &image);
     [[nodiscard]] QImage image() const { return m_image; }
 
+    /// The maximum size where one is set: the picture has no say.
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

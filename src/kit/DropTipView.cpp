@@ -13,20 +13,35 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kNarrowWidth = 480;
 
-// A button that nobody listens to is not shown.
-class ButtonOnceConnected : public QPushButton
+// With room around its text, more than some styles give it.
+class RoomyButton : public QPushButton
 {
 public:
-    explicit ButtonOnceConnected(QWidget *parent) : QPushButton(parent) { hide(); }
+    using QPushButton::QPushButton;
+
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        const QSize hint = QPushButton::sizeHint();
+        return {hint.width() + kit::kSpacingHuge, std::max(hint.height(), kit::kRowHeight)};
+    }
+};
+
+// A button that nobody listens to is not shown.
+class ButtonOnceConnected : public RoomyButton
+{
+public:
+    explicit ButtonOnceConnected(QWidget *parent) : RoomyButton(parent) { hide(); }
 
 protected:
     void connectNotify(const QMetaMethod &signal) override
     {
-        QPushButton::connectNotify(signal);
+        RoomyButton::connectNotify(signal);
         if (signal == QMetaMethod::fromSignal(&QPushButton::clicked))
             show();
     }
@@ -35,7 +50,7 @@ protected:
 } // namespace
 
 DropTipView::DropTipView(QWidget *parent)
-    : QWidget(parent), m_prompt(new QLabel(this)), m_btnFunction(new QPushButton(this)),
+    : QWidget(parent), m_prompt(new QLabel(this)), m_btnFunction(new RoomyButton(this)),
       m_btnHelp(new ButtonOnceConnected(this))
 {
     setAcceptDrops(true);
@@ -122,7 +137,7 @@ void DropTipView::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     painter.fillRect(rect(), theme.panel);
     painter.setRenderHint(QPainter::Antialiasing);
-    QPen pen(m_highlighted ? theme.accent : theme.line, m_highlighted ? 2.0 : 1.5);
+    QPen pen(m_highlighted ? theme.accent : theme.waveform, m_highlighted ? 2.0 : 1.5);
     pen.setDashPattern({4.0, 4.0});
     painter.setPen(pen);
     painter.setBrush(m_highlighted ? QBrush(theme.selection) : QBrush(Qt::NoBrush));

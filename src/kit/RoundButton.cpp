@@ -12,6 +12,7 @@ namespace kit {
 namespace {
 
 constexpr qreal kRing = 2.0;
+constexpr qreal kGap = 2.0;
 
 QPixmap tinted(QPixmap picture, const QColor &color)
 {
@@ -53,11 +54,17 @@ void RoundButton::paintEvent(QPaintEvent * /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     if (!isEnabled())
         painter.setOpacity(0.5);
-    const qreal side = std::min(width(), height()) - 2 * kRing;
-    const QRectF circle((width() - side) / 2, (height() - side) / 2, side, side);
-    painter.setPen(hasFocus() ? QPen(theme.focus, kRing) : QPen(Qt::NoPen));
+    const QPointF middle(width() / 2.0, height() / 2.0);
+    const qreal radius = std::min(width(), height()) / 2.0 - kRing - kGap;
+    painter.setPen(Qt::NoPen);
     painter.setBrush(fill());
-    painter.drawEllipse(circle);
+    painter.drawEllipse(middle, radius, radius);
+    if (hasFocus()) {
+        const qreal ring = radius + kGap + kRing / 2;
+        painter.setPen(QPen(theme.focus, kRing));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(middle, ring, ring);
+    }
 
     if (icon().isNull())
         return;

@@ -6,6 +6,7 @@
 namespace kit {
 
 /// A round button with an icon alone: filled with the text colour, or quiet, a faint circle.
+/// The circle leaves 4 pixels at each side, for the ring that shows the keyboard.
 class RoundButton : public QPushButton
 {
     Q_OBJECT

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -53,6 +54,23 @@ void RBPlayingBgView::setHighlighted(bool highlighted)
         setBackgroundColor(kHighlight);
     else
         setBackgroundColor(QPalette::Button);
+    matchTexts(highlighted);
+}
+
+// The blue is the same in a dark scheme, whose light texts nobody could read on it.
+void RBPlayingBgView::matchTexts(bool highlighted)
+{
+    if (highlighted && !m_calmPalette) {
+        m_calmPalette = palette();
+        QPalette colors = palette();
+        for (const auto role : {QPalette::Base, QPalette::Window})
+            colors.setColor(role, kHighlight);
+        for (const auto role : {QPalette::Text, QPalette::WindowText})
+            colors.setColor(role, Qt::black);
+        setPalette(colors);
+    } else if (!highlighted && m_calmPalette) {
+        setPalette(*std::exchange(m_calmPalette, std::nullopt));
+    }
 }
 
 void RBPlayingBgView::dragEnterEvent(QDragEnterEvent *event)

@@ -8,6 +8,7 @@
 #include <QtGui/QWindow>
 
 #include <memory>
+#include <optional>
 
 class QMimeData;
 class RBPlayingBgView;
@@ -63,9 +64,11 @@ protected:
 
 private:
     void watchRefusedDrag();
+    void matchTexts(bool highlighted);
     [[nodiscard]] bool endsRefusedDrag(const QEvent *event) const;
 
     std::weak_ptr<RBPlayingBgViewDelegate> m_delegate;
     QPointer<QWindow> m_refusedDragWindow;
+    std::optional<QPalette> m_calmPalette;
     bool m_dropEnabled = false;
 };

@@ -138,7 +138,8 @@ void TQLRCEditorMiniPlayerViewCtl::updatePlayPauseUI()
         return;
     const bool plays = m_player != nullptr && m_player->isPlaying();
     m_btnPlay->setIcon(TQLrcUtils::iconNamed(plays ? QStringLiteral("pause") : QStringLiteral("play")));
-    m_btnPlay->setAccessibleName(plays ? localized(QStringLiteral("Pause")) : localized(QStringLiteral("Play")));
+    m_btnPlay->setAccessibleName(
+        plays ? localized(QStringLiteral("Pause")) : localized(QStringLiteral("Play")));
 }
 
 bool TQLRCEditorMiniPlayerViewCtl::isPlaying() const

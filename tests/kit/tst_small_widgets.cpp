@@ -24,6 +24,7 @@ private Q_SLOTS:
     void figuresDoNotMoveWhatFollows();
     void figuresKeepTheirSize();
     void coverIsCutToASquareWithRoundCorners();
+    void coverShowsTheWholePictureOnce();
     void clearedCoverHasNoPixmap();
     void roundButtonIsPressedByKeyAndMouse();
     void autoResizeKeepsTheMargins();
@@ -125,13 +126,37 @@ void tst_SmallWidgets::coverIsCutToASquareWithRoundCorners()
     QImage wide(400, 100, QImage::Format_RGB32);
     wide.fill(Qt::red);
     cover.setImage(wide);
-    QCOMPARE(cover.pixmap(Qt::ReturnByValue).size(), QSize(56, 56));
+    QCOMPARE(cover.pixmap(Qt::ReturnByValue).deviceIndependentSize(), QSizeF(56, 56));
     QImage shown(cover.size(), QImage::Format_ARGB32);
     shown.fill(Qt::transparent);
     cover.render(&shown, {}, {}, QWidget::RenderFlags());
     QCOMPARE(shown.pixelColor(28, 28), QColor(Qt::red));
     QCOMPARE(shown.pixelColor(28, 1), QColor(Qt::red));
     QCOMPARE(shown.pixelColor(0, 0).alpha(), 0);
+}
+
+void tst_SmallWidgets::coverShowsTheWholePictureOnce()
+{
+    kit::CoverView cover;
+    cover.resize(56, 56);
+    QImage halves(200, 200, QImage::Format_RGB32);
+    halves.fill(Qt::red);
+    for (int x = 100; x < 200; ++x) {
+        for (int y = 0; y < 200; ++y)
+            halves.setPixelColor(x, y, Qt::blue);
+    }
+    cover.setImage(halves);
+    const QImage shown = cover.grab().toImage();
+    const auto at = [&shown](double x, double y) {
+        return shown.pixelColor(static_cast<int>(shown.width() * x), static_cast<int>(shown.height() * y));
+    };
+    for (const double y : {0.25, 0.45, 0.75}) {
+        for (const double x : {0.2, 0.3, 0.4})
+            QCOMPARE(at(x, y), QColor(Qt::red));
+        for (const double x : {0.6, 0.7, 0.8})
+            QCOMPARE(at(x, y), QColor(Qt::blue));
+    }
+    QCOMPARE(cover.pixmap(Qt::ReturnByValue).devicePixelRatio(), cover.devicePixelRatioF());
 }
 
 void tst_SmallWidgets::clearedCoverHasNoPixmap()

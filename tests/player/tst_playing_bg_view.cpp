@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "kit/Theme.h"
 #include "player/RBPlayingBgView.h"
 #include "support/Drags.h"
 #include "support/QtWarnings.h"
@@ -43,6 +44,7 @@ private Q_SLOTS:
     void firstPathDecides();
     void whatIsNoFileIsNoPath();
     void supportedDragLightsUpAndCopies();
+    void textsStayReadableOnTheLight();
     void unsupportedDragChangesNothingWhileItHovers();
     void unsupportedDragThatLeftResetsTheGround();
     void unsupportedDragThatWentElsewhereInTheWindow();
@@ -132,6 +134,23 @@ void tst_PlayingBgView::supportedDragLightsUpAndCopies()
     QCOMPARE(m_view->grab().toImage().pixelColor(200, 40), kBlue);
     support::dragOut(m_view.get());
     QCOMPARE(m_view->backgroundColor(), calm());
+}
+
+void tst_PlayingBgView::textsStayReadableOnTheLight()
+{
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::Button, QColor(0x30, 0x35, 0x3c));
+    m_view->setPalette(dark);
+    m_view->setHighlighted(true);
+    m_view->setHighlighted(true);
+    QVERIFY(kit::contrastRatio(kBlue, kit::Theme(m_view.get()).text) >= 4.5);
+    QVERIFY(kit::contrastRatio(kBlue, kit::Theme(m_view.get()).quietText) >= 4.5);
+    m_view->setHighlighted(false);
+    QCOMPARE(m_view->palette().color(QPalette::Text), QColor(Qt::white));
+    QCOMPARE(m_view->palette().color(QPalette::Base), QColor(Qt::black));
+    QCOMPARE(m_view->backgroundColor(), QColor(0x30, 0x35, 0x3c));
 }
 
 void tst_PlayingBgView::unsupportedDragChangesNothingWhileItHovers()
