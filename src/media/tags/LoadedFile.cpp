@@ -69,17 +69,6 @@ int openRetrying(const std::string &path, SystemCalls &system)
     return fd;
 }
 
-FileState stateOf(const struct stat &status)
-{
-    FileState state;
-    state.device = status.st_dev;
-    state.inode = status.st_ino;
-    state.size = std::uint64_t(status.st_size);
-    state.modifiedSeconds = status.st_mtim.tv_sec;
-    state.modifiedNanoseconds = status.st_mtim.tv_nsec;
-    return state;
-}
-
 std::optional<Failure> refusal(const struct stat &status)
 {
     if (S_ISDIR(status.st_mode))
@@ -116,11 +105,22 @@ int Descriptor::close()
     return fd < 0 ? 0 : m_system.close(fd);
 }
 
+FileState stateOf(const struct stat &status)
+{
+    FileState state;
+    state.device = status.st_dev;
+    state.inode = status.st_ino;
+    state.size = std::uint64_t(status.st_size);
+    state.modifiedSeconds = status.st_mtim.tv_sec;
+    state.modifiedNanoseconds = status.st_mtim.tv_nsec;
+    return state;
+}
+
 Failure systemFailure(int error, const std::string &what)
 {
     const std::string why = std::generic_category().message(error);
     if (error == ENOENT || error == ENOTDIR)
-        return {Reason::Missing, "The file is not there any more. (" + why + ")"};
+        return {Reason::Missing, "The file is not there. (" + why + ")"};
     if (error == EACCES || error == EPERM)
         return {Reason::NoPermission,
             "You do not have permission: the file could not be " + what + ". (" + why + ")"};

@@ -170,19 +170,24 @@ std::string syncFolder(const std::string &folder, SystemCalls &system)
         + std::generic_category().message(errno) + ")";
 }
 
-FileState newState(int fd, const std::string &bytes, SystemCalls &system)
+/// What the next save will expect; null when the system does not tell.
+std::optional<FileState> newState(int fd, const std::string &bytes, SystemCalls &system)
 {
-    FileState state;
     struct stat status = {};
-    if (system.fstat(fd, &status) == 0) {
-        state.device = status.st_dev;
-        state.inode = status.st_ino;
-        state.modifiedSeconds = status.st_mtim.tv_sec;
-        state.modifiedNanoseconds = status.st_mtim.tv_nsec;
-    }
-    state.size = bytes.size();
+    if (system.fstat(fd, &status) != 0)
+        return std::nullopt;
+    FileState state = stateOf(status);
     state.hash = fnv1a(bytes);
     return state;
+}
+
+Failure noRoomBeside(int error)
+{
+    if (error != EACCES && error != EPERM && error != EROFS)
+        return systemFailure(error, "written");
+    return {Reason::NoPermission,
+        "The folder of the file does not allow new files in it, which saving safely needs. ("
+            + std::generic_category().message(error) + ")"};
 }
 
 std::string linkRemark(const struct stat &status)
@@ -200,10 +205,12 @@ Outcome<Replaced> replaceFile(
     sweep(folder, system);
     const std::unique_ptr<Temporary> temporary = makeTemporary(folder, system);
     if (!temporary)
-        return systemFailure(errno, "written");
+        return noRoomBeside(errno);
     if (auto failure = fill(*temporary, path, bytes, old.status, system))
         return *failure;
-    Replaced replaced = {newState(temporary->fd(), bytes, system), linkRemark(old.status)};
+    const std::optional<FileState> state = newState(temporary->fd(), bytes, system);
+    if (!state)
+        return systemFailure(errno, "written");
     if (temporary->close() != 0 && errno != EINTR)
         return systemFailure(errno, "written");
     if (!isUnchanged(path, old.state, system)) {
@@ -214,9 +221,7 @@ Outcome<Replaced> replaceFile(
     if (temporary->rename(path) != 0)
         return systemFailure(errno, "written");
     const std::string remark = syncFolder(folder, system);
-    if (!remark.empty())
-        replaced.remark = remark;
-    return replaced;
+    return Replaced{*state, remark.empty() ? linkRemark(old.status) : remark};
 }
 
 } // namespace tags
