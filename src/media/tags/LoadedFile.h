@@ -45,6 +45,9 @@ struct LoadedFile
 /// The state that `status` tells of; without a hash.
 [[nodiscard]] FileState stateOf(const struct stat &status);
 
+/// The state of the file at `path` now, as load() would tell it, without holding its content.
+[[nodiscard]] Outcome<FileState> currentState(const std::string &path, SystemCalls &system);
+
 /// The refusal for `error`, a value of `errno`, when `what` ("read", "written", …) was tried.
 [[nodiscard]] Failure systemFailure(int error, const std::string &what);
 

@@ -143,10 +143,16 @@ bool takeOver(const std::string &path, const struct stat &status, int to, System
     return system.fchmod(to, status.st_mode & 07777) == 0;
 }
 
-bool isUnchanged(const std::string &path, const FileState &expected, SystemCalls &system)
+std::optional<Failure> changedMeanwhile(
+    const std::string &path, const FileState &expected, SystemCalls &system)
 {
-    const Outcome<LoadedFile> now = load(path, system);
-    return now.ok() && now.value().state == expected;
+    const Outcome<FileState> now = currentState(path, system);
+    if (!now.ok())
+        return now.failure();
+    if (now.value() == expected)
+        return std::nullopt;
+    return Failure{Reason::ChangedMeanwhile,
+        "Another program changed the file meanwhile, so it was left alone. Open it again to see its lyric."};
 }
 
 /// The temporary, complete and on the disk.
@@ -213,11 +219,8 @@ Outcome<Replaced> replaceFile(
         return systemFailure(errno, "written");
     if (temporary->close() != 0 && errno != EINTR)
         return systemFailure(errno, "written");
-    if (!isUnchanged(path, old.state, system)) {
-        return Failure{Reason::ChangedMeanwhile,
-            "Another program changed the file meanwhile, so it was left alone. Open it again to see its "
-            "lyric."};
-    }
+    if (auto failure = changedMeanwhile(path, old.state, system))
+        return *failure;
     if (temporary->rename(path) != 0)
         return systemFailure(errno, "written");
     const std::string remark = syncFolder(folder, system);
