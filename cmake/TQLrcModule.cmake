@@ -12,7 +12,7 @@ target_compile_options(tqlrc_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Wcast-qual -Wformat=2 -Werror)
 if(TQLRC_SANITIZE)
-    # Not by $<BOOL:…>: the list of sanitizers has commas, which would be arguments of it.
+    # A list with a comma cannot stand in a generator expression.
     target_compile_options(tqlrc_options INTERFACE
         -fsanitize=${TQLRC_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     target_link_options(tqlrc_options INTERFACE -fsanitize=${TQLRC_SANITIZE})

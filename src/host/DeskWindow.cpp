@@ -13,6 +13,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMenuBar>
@@ -30,6 +31,7 @@ DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
 {
     m_component->setDelegate(std::weak_ptr<TQLRCEditorViewCtlDelegate>(m_playback));
     setCentralWidget(m_component->view());
+    setWindowIcon(QIcon(QStringLiteral(":/tqlrceditor/lyricdesk.svg")));
     setMinimumSize(480, 320);
     resize(1040, 700);
     setAcceptDrops(true);
@@ -235,13 +237,13 @@ void DeskWindow::dragEnterEvent(QDragEnterEvent *event)
     }
 }
 
-bool DeskWindow::isSongDrop(QObject *watched, const QMimeData *data) const
+bool DeskWindow::isSongDrop(QObject *watched, const QMimeData *dragged) const
 {
     const auto *widget = qobject_cast<QWidget *>(watched);
     if (!widget || widget->window() != this) {
         return false;
     }
-    const QString path = firstLocalFile(data);
+    const QString path = firstLocalFile(dragged);
     const auto *strip = qobject_cast<const RBPlayingBgView *>(widget);
     return looksLikeSong(path) || (strip && strip->dropEnabled() && !path.isEmpty());
 }

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class QMimeData;
 class TQWLRCEditorViewCtl;
 
 namespace media {
@@ -60,7 +61,7 @@ private:
     void updateTitle();
     void updateModified();
     [[nodiscard]] bool mayReplaceSong();
-    [[nodiscard]] bool isSongDrop(QObject *watched, const QMimeData *data) const;
+    [[nodiscard]] bool isSongDrop(QObject *watched, const QMimeData *dragged) const;
     void tell(const QString &what, const QString &message);
 
     std::shared_ptr<media::Player> m_player;

@@ -18,7 +18,7 @@ CoverView::CoverView(QWidget *parent) : QLabel(parent)
 void CoverView::setImage(const QImage &image)
 {
     m_image = image;
-    render();
+    cutPicture();
 }
 
 QRect CoverView::square() const
@@ -27,7 +27,7 @@ QRect CoverView::square() const
     return {0, 0, side, side};
 }
 
-void CoverView::render()
+void CoverView::cutPicture()
 {
     const int pixels = static_cast<int>(square().width() * devicePixelRatioF());
     if (m_image.isNull() || pixels <= 0) {
@@ -53,7 +53,7 @@ void CoverView::paintEvent(QPaintEvent * /*event*/)
     } else {
         if (picture.devicePixelRatio() != devicePixelRatioF())
             QMetaObject::invokeMethod(
-                this, [this] { render(); }, Qt::QueuedConnection);
+                this, [this] { cutPicture(); }, Qt::QueuedConnection);
         QBrush brush(picture);
         const qreal scale = 1.0 / picture.devicePixelRatio();
         brush.setTransform(QTransform::fromScale(scale, scale));
@@ -65,7 +65,7 @@ void CoverView::paintEvent(QPaintEvent * /*event*/)
 void CoverView::resizeEvent(QResizeEvent *event)
 {
     QLabel::resizeEvent(event);
-    render();
+    cutPicture();
 }
 
 } // namespace kit

@@ -23,7 +23,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void render();
+    void cutPicture();
     [[nodiscard]] QRect square() const;
 
     QImage m_image;

@@ -37,6 +37,7 @@ CrossFade::CrossFade(QWidget *newView, const QPixmap &oldPicture, std::function<
     : QWidget(newView->parentWidget()), m_newView(newView), m_oldPicture(oldPicture),
       m_newPicture(newView->grab()), m_finished(std::move(finished))
 {
+    setObjectName(QStringLiteral("crossFade"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::NoFocus);

@@ -59,6 +59,8 @@ void RoundButton::paintEvent(QPaintEvent * /*event*/)
     painter.setBrush(fill());
     painter.drawEllipse(circle);
 
+    if (icon().isNull())
+        return;
     const QPixmap picture = icon().pixmap(iconSize(), devicePixelRatioF());
     const QSizeF size = picture.deviceIndependentSize();
     const QPointF corner((width() - size.width()) / 2, (height() - size.height()) / 2);

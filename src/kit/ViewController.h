@@ -49,8 +49,8 @@ public:
     /// desktop asks for no animations. Nothing is swapped when `to`'s view cannot be loaded or
     /// `from`'s view has no parent.
     ///
-    /// \param completion  may be empty; runs once, after the fade, or before this returns when
-    ///                    there is none. Not at all when the views are destroyed in its middle.
+    /// \param completion  may be empty; runs once: when the fade has ended, which the new view's
+    ///                    hiding ends too, or before this returns when there is none.
     void transitionFromViewController_toViewController_options_completionHandler(
         const std::shared_ptr<ViewController> &from, const std::shared_ptr<ViewController> &to,
         Transition options, std::function<void()> completion);

@@ -4,7 +4,9 @@
 #include "lyrics/RBSongLine.h"
 #include "lyrics/TimeTag.h"
 
+#include <span>
 #include <string_view>
+#include <vector>
 
 namespace lyrics {
 
@@ -13,32 +15,31 @@ struct LineAccess
 {
     using Kind = RBSongLine::Kind;
 
-    /// Where a line stands in a block, in bytes from its begin.
-    struct Slice
+    /// A line that stands at `begin` in the block; `owned` is a reference that the line takes over.
+    static RBSongLine &add(
+        std::vector<RBSongLine> &lines, TextBlock *owned, std::size_t begin, std::size_t end, Kind kind)
     {
-        std::size_t begin = 0;
-        std::size_t end = 0;
-        std::size_t textBegin = 0;
-        std::size_t textEnd = 0;
-    };
-
-    /// Makes a fresh line say what stands in `slice`. `owned` is a reference that the line takes over.
-    static void describe(RBSongLine &line, TextBlock *owned, const Slice &slice, Kind kind)
-    {
-        line.m_block = BlockRef(owned);
-        line.m_begin = static_cast<std::uint32_t>(slice.begin);
-        line.m_length = static_cast<std::uint32_t>(slice.end - slice.begin);
-        line.m_textBegin = static_cast<std::uint32_t>(slice.textBegin);
-        line.m_textLength = static_cast<std::uint32_t>(slice.textEnd - slice.textBegin);
+        // Made in its place and then told: a line that is moved there costs more than reading it.
+        RBSongLine &line = lines.emplace_back();
+        const bool isProperty = kind != Kind::Text && kind != Kind::OtherTag;
         line.m_readAs = kind;
-        line.m_isProperty = kind != Kind::Text && kind != Kind::OtherTag;
-        line.m_key = line.m_isProperty ? kind : Kind::Text;
+        line.m_key = isProperty ? kind : Kind::Text;
+        line.m_isProperty = isProperty;
         line.m_isNew = false;
+        line.m_begin = static_cast<std::uint32_t>(begin);
+        line.m_length = static_cast<std::uint32_t>(end - begin);
+        line.m_block.adopt(owned);
+        return line;
     }
     static void setText(RBSongLine &line, std::size_t begin, std::size_t end)
     {
         line.m_textBegin = static_cast<std::uint32_t>(begin);
         line.m_textLength = static_cast<std::uint32_t>(end - begin);
+    }
+    /// The times that the line was read with, in a place that lives as long as its block.
+    static void setReadTimes(RBSongLine &line, std::int64_t *times, std::size_t count)
+    {
+        line.m_times.borrow(times, count);
     }
     static void addReadTime(RBSongLine &line, std::int64_t millis) { line.m_times.append(millis); }
     static void setJoins(RBSongLine &line, bool toPrevious, bool toNext)
@@ -75,12 +76,46 @@ struct LineAccess
         return line.m_colonMeansHours ? ColonReading::Hours : ColonReading::Fraction;
     }
 
+    /// True when equal bytes mean an equal line for the two.
+    static bool isReadAlike(const RBSongLine &a, const RBSongLine &b)
+    {
+        return a.m_length == b.m_length && a.m_readAs == b.m_readAs
+            && a.m_colonMeansHours == b.m_colonMeansHours
+            && a.m_textBegin - a.m_begin == b.m_textBegin - b.m_begin && a.m_textLength == b.m_textLength;
+    }
+    /// Gives away the line's reference to its block, which leaves it without a text.
+    static TextBlock *takeBlock(RBSongLine &line) { return line.m_block.take(); }
+    /// Appends copies of lines that all refer to one block, or all to none.
+    static void appendCopies(std::vector<RBSongLine> &copies, std::span<const RBSongLine> lines)
+    {
+        TextBlock *block = lines.front().m_block.get();
+        std::size_t left = lines.size();
+        if (block)
+            block->retain(left);
+        // What a list that cannot be copied leaves over goes back.
+        struct Rest
+        {
+            ~Rest()
+            {
+                if (block && left > 0)
+                    block->release(left);
+            }
+            TextBlock *block;
+            std::size_t &left;
+        } const rest{block, left};
+        for (const RBSongLine &line : lines) {
+            RBSongLine &copy = copies.emplace_back();
+            copy.m_times.copyFrom(line.m_times);
+            copy.copyReading(line);
+            copy.m_block.adopt(block);
+            --left;
+        }
+    }
+
     /// True when the line certainly still says what its spelling says.
     static bool isUntouched(const RBSongLine &line)
     {
-        const Kind readKey = line.m_readAs == Kind::OtherTag ? Kind::Text : line.m_readAs;
-        return !line.m_times.m_touched && line.m_block.get() && line.m_key == readKey
-            && line.m_isProperty == (readKey != Kind::Text);
+        return !line.m_times.m_touched && !line.m_isRetagged && line.m_block;
     }
 };
 

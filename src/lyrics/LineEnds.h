@@ -16,7 +16,14 @@ struct LineEndCount
 
     /// The kind that most lines have, LF before CRLF before CR on ties; empty when there is none.
     [[nodiscard]] std::string_view prevailing() const;
-    void count(std::string_view lineEnd);
+    /// \param lineEnd  as `lineEndOf` answers it; an empty one does not count.
+    void count(std::string_view lineEnd)
+    {
+        if (lineEnd.size() == 2)
+            ++crlf;
+        else if (!lineEnd.empty())
+            ++(lineEnd.front() == '\n' ? lf : cr);
+    }
 };
 
 /// The line end that `spelling` closes with: LF, CRLF, CR, or empty when it has none.

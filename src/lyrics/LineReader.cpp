@@ -2,11 +2,11 @@
 #include "lyrics/LineReader.h"
 
 #include "lyrics/Blanks.h"
-#include "lyrics/ColonVote.h"
 #include "lyrics/IdTag.h"
 
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace lyrics {
 namespace {
@@ -36,6 +36,14 @@ private:
     std::size_t m_left;
 };
 
+/// What is known of the time tags `a:b:c` of a document.
+struct ColonForms
+{
+    bool hasAny = false;
+    /// No field of them speaks against hours, minutes, seconds.
+    bool canBeHours = true;
+};
+
 class Reader
 {
 public:
@@ -48,7 +56,7 @@ public:
 
     void read(const char *begin, const char *end);
 
-    [[nodiscard]] const ColonVote &vote() const { return m_vote; }
+    [[nodiscard]] ColonForms colonForms() const { return m_colonForms; }
     [[nodiscard]] ReadSong takeSong() { return std::move(m_song); }
 
 private:
@@ -56,8 +64,8 @@ private:
     bool readTimedLine(const char *begin, const char *p, const char *textEnd, const char *end);
     const char *readTagLine(const char *begin, const char *p, const char *textEnd, const char *end);
     void readTextLine(const char *begin, const char *p, const char *textEnd, const char *end);
+    void addTime(RBSongLine &line, std::int64_t millis);
     bool isAccepted(const IdTag &tag, const char *rest, const char *textEnd) const;
-    void vote(const TimeTag &tag, const char *p, const char *end, bool isFirst);
     RBSongLine &add(
         const char *begin, const char *end, const char *textBegin, const char *textEnd, Kind kind);
 
@@ -66,7 +74,9 @@ private:
     ColonReading m_reading;
     ReferenceStock m_references;
     ReadSong m_song;
-    ColonVote m_vote;
+    ColonForms m_colonForms;
+    /// The times of the line that is being read, once they are more than it has room for.
+    std::vector<std::int64_t> m_manyTimes;
     bool m_lyricSeen;
     /// The line that is read next shares its physical line with the one before.
     bool m_isJoined = false;
@@ -89,7 +99,7 @@ void Reader::read(const char *begin, const char *end)
 void Reader::readPhysicalLine(const char *begin, const char *textEnd, const char *end)
 {
     m_isJoined = false;
-    const char *p = skipBlanks(begin, textEnd);
+    const char *p = *begin == '[' ? begin : skipBlanks(begin, textEnd);
     while (p < textEnd && *p == '[') {
         if (readTimedLine(begin, p, textEnd, end))
             return;
@@ -111,20 +121,37 @@ bool Reader::readTimedLine(const char *begin, const char *p, const char *textEnd
     if (!readTimeTag(p, textEnd, m_reading, tag))
         return false;
     RBSongLine &line = add(begin, end, p, p, Kind::Text);
-    bool isFirst = true;
     do {
-        LineAccess::addReadTime(line, tag.millis);
-        vote(tag, p, textEnd, isFirst);
-        if (tag.colonForm)
+        addTime(line, tag.millis);
+        if (tag.colonForm) {
             LineAccess::setHasColonForm(line, m_reading);
-        isFirst = false;
+            m_colonForms.hasAny = true;
+            m_colonForms.canBeHours = m_colonForms.canBeHours && tag.canBeHours;
+        }
         p = skipBlanks(tag.end, textEnd);
     } while (p < textEnd && *p == '[' && readTimeTag(p, textEnd, m_reading, tag));
+    if (!m_manyTimes.empty()) {
+        LineAccess::setReadTimes(line, m_block->store(m_manyTimes), m_manyTimes.size());
+        m_manyTimes.clear();
+    }
     const char *last = skipBlanksBack(p, textEnd);
     LineAccess::setJoins(line, m_isJoined, false);
     LineAccess::setText(line, static_cast<std::size_t>(p - m_base), static_cast<std::size_t>(last - m_base));
     m_lyricSeen = true;
     return true;
+}
+
+/// A line of many times keeps them with the block, so that it needs no memory of its own.
+void Reader::addTime(RBSongLine &line, std::int64_t millis)
+{
+    const TimeList &times = std::as_const(line).aryTimes();
+    if (m_manyTimes.empty() && times.size() < TimeList::kInPlace) {
+        LineAccess::addReadTime(line, millis);
+        return;
+    }
+    if (m_manyTimes.empty())
+        m_manyTimes.assign(times.begin(), times.end());
+    m_manyTimes.push_back(millis);
 }
 
 /// One ID tag. Answers where the next line of the same physical line begins, `end` when there is none, and
@@ -161,26 +188,27 @@ void Reader::readTextLine(const char *begin, const char *p, const char *textEnd,
     LineAccess::setJoins(add(begin, end, p, last, Kind::Text), m_isJoined, false);
 }
 
-void Reader::vote(const TimeTag &tag, const char *p, const char *end, bool isFirst)
-{
-    if (tag.colonForm)
-        m_vote.addColonForm(tag.canBeHours);
-    if (!isFirst)
-        return;
-    TimeTag other = tag;
-    if (tag.colonForm)
-        static_cast<void>(readTimeTag(p, end, ColonReading::Hours, other));
-    m_vote.addFirst(tag.millis, other.millis);
-}
-
 RBSongLine &Reader::add(
     const char *begin, const char *end, const char *textBegin, const char *textEnd, Kind kind)
 {
     const auto offset = [this](const char *p) { return static_cast<std::size_t>(p - m_base); };
-    RBSongLine &line = m_song.lines.emplace_back();
-    LineAccess::describe(
-        line, m_references.takeOne(), {offset(begin), offset(end), offset(textBegin), offset(textEnd)}, kind);
+    RBSongLine &line
+        = LineAccess::add(m_song.lines, m_references.takeOne(), offset(begin), offset(end), kind);
+    LineAccess::setText(line, offset(textBegin), offset(textEnd));
     return line;
+}
+
+/// Whether no line begins before the timed line above it.
+bool doTimesRise(const ReadSong &song)
+{
+    std::int64_t last = std::numeric_limits<std::int64_t>::min();
+    for (const RBSongLine &line : song.lines) {
+        const std::int64_t first = line.aryTimes().firstObject().value_or(last);
+        if (first < last)
+            return false;
+        last = first;
+    }
+    return true;
 }
 
 } // namespace
@@ -194,13 +222,15 @@ ReadSong readSong(const BlockRef &text, std::size_t from)
         return {};
     const char *begin = bytes.data() + from;
     const char *end = bytes.data() + bytes.size();
-    Reader reader(text.get(), {});
-    reader.read(begin, end);
-    if (reader.vote().result() == ColonReading::Fraction)
-        return reader.takeSong();
-    Reader again(text.get(), {ColonReading::Hours, false});
-    again.read(begin, end);
-    return again.takeSong();
+    const auto readAs = [&](Reader &&reader) {
+        reader.read(begin, end);
+        return std::pair(reader.takeSong(), reader.colonForms());
+    };
+    auto [song, forms] = readAs(Reader(text.get(), {}));
+    if (!forms.hasAny || !forms.canBeHours || doTimesRise(song))
+        return std::move(song);
+    ReadSong inHours = readAs(Reader(text.get(), {ColonReading::Hours, false})).first;
+    return doTimesRise(inHours) ? std::move(inHours) : std::move(song);
 }
 
 ReadSong readPart(const BlockRef &text, ReadingContext context)

@@ -94,10 +94,16 @@ const char *LineWriter::readTags(const RBSongLine &line)
     const char *gap = spelling.data();
     for (;;) {
         const char *p = skipBlanks(gap, end);
-        ReadTag read{gap, p, {}};
-        if (p == end || *p != '[' || !readTimeTag(p, end, reading, read.tag))
+        if (p == end || *p != '[')
             return gap;
-        m_tags.push_back(read);
+        // Read in its place: a copy of what was written just now has to wait for it.
+        ReadTag &read = m_tags.emplace_back();
+        if (!readTimeTag(p, end, reading, read.tag)) {
+            m_tags.pop_back();
+            return gap;
+        }
+        read.gapBegin = gap;
+        read.begin = p;
         gap = read.tag.end;
     }
 }

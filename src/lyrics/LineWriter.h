@@ -25,8 +25,8 @@ private:
     /// A time tag as the line was read, with the blanks before it.
     struct ReadTag
     {
-        const char *gapBegin;
-        const char *begin;
+        const char *gapBegin = nullptr;
+        const char *begin = nullptr;
         TimeTag tag;
     };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lyrics/RBEditSong.h"
 
-#include "lyrics/LineAccess.h"
+#include "lyrics/LineBatch.h"
 #include "lyrics/LineReader.h"
 #include "lyrics/SongWriter.h"
 
@@ -14,14 +14,45 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 } // namespace
 
+RBEditSong::RBEditSong(const RBEditSong &other)
+    : m_lines(lyrics::copyTogether(other.m_lines)), m_source(other.m_source), m_text(other.m_text),
+      m_byteOrderMark(other.m_byteOrderMark), m_lineEnd(other.m_lineEnd)
+{ }
+
+RBEditSong &RBEditSong::operator=(const RBEditSong &other)
+{
+    if (this != &other)
+        *this = RBEditSong(other);
+    return *this;
+}
+
+RBEditSong &RBEditSong::operator=(RBEditSong &&other) noexcept
+{
+    if (this == &other)
+        return *this;
+    lyrics::releaseTogether(m_lines);
+    m_lines = std::move(other.m_lines);
+    m_source = std::move(other.m_source);
+    m_text = std::move(other.m_text);
+    m_byteOrderMark = other.m_byteOrderMark;
+    m_lineEnd = other.m_lineEnd;
+    return *this;
+}
+
+RBEditSong::~RBEditSong()
+{
+    lyrics::releaseTogether(m_lines);
+}
+
 void RBEditSong::buildWithLrcText(std::string_view text)
 {
     // The copy comes first: the text may be our own.
     lyrics::BlockRef source = lyrics::BlockRef::copyOf(text);
-    m_byteOrderMark = source.text().starts_with(kByteOrderMark) ? kByteOrderMark : std::string_view();
-    m_lines.clear();
-    lyrics::ReadSong song = lyrics::readSong(source, m_byteOrderMark.size());
+    const auto mark = source.text().starts_with(kByteOrderMark) ? kByteOrderMark : std::string_view();
+    lyrics::ReadSong song = lyrics::readSong(source, mark.size());
+    lyrics::releaseTogether(m_lines);
     m_lines = std::move(song.lines);
+    m_byteOrderMark = mark;
     m_lineEnd = song.lineEnds.prevailing();
     m_text = source;
     m_source = std::move(source);
@@ -29,7 +60,7 @@ void RBEditSong::buildWithLrcText(std::string_view text)
 
 bool RBEditSong::isEqual(const RBEditSong &other) const
 {
-    return this == &other || m_lines == other.m_lines;
+    return this == &other || lyrics::equalTogether(m_lines, other.m_lines);
 }
 
 void RBEditSong::insertLine_atIndex(RBSongLine line, std::size_t index)

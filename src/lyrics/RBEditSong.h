@@ -22,6 +22,11 @@ class RBEditSong
 public:
     /// An empty document.
     RBEditSong() = default;
+    RBEditSong(const RBEditSong &other);
+    RBEditSong(RBEditSong &&other) noexcept = default;
+    RBEditSong &operator=(const RBEditSong &other);
+    RBEditSong &operator=(RBEditSong &&other) noexcept;
+    ~RBEditSong();
 
     /// Replaces the whole document by the lines of `text`, which may be this document's own text.
     ///

@@ -6,20 +6,10 @@
 #include "lyrics/RBUtils.h"
 
 #include <algorithm>
-#include <limits>
 #include <string>
 #include <utility>
 
 namespace {
-
-std::int64_t shifted(std::int64_t time, std::int64_t millis)
-{
-    if (millis > 0 && time > std::numeric_limits<std::int64_t>::max() - millis)
-        return std::numeric_limits<std::int64_t>::max();
-    if (millis < 0 && time <= 0)
-        return 0;
-    return std::max<std::int64_t>(time + millis, 0);
-}
 
 /// `text` with one blank for each line break.
 std::string withoutLineBreaks(std::string_view text)
@@ -49,18 +39,7 @@ RBSongLine &RBSongLine::operator=(RBSongLine &&other) noexcept
         return *this;
     m_times.replaceWith(std::move(other.m_times));
     m_block = std::move(other.m_block);
-    m_begin = other.m_begin;
-    m_length = other.m_length;
-    m_textBegin = other.m_textBegin;
-    m_textLength = other.m_textLength;
-    m_readAs = other.m_readAs;
-    m_key = other.m_key;
-    m_isProperty = other.m_isProperty;
-    m_joinsPrevious = other.m_joinsPrevious;
-    m_joinsNext = other.m_joinsNext;
-    m_colonMeansHours = other.m_colonMeansHours;
-    m_hasColonForm = other.m_hasColonForm;
-    m_isNew = other.m_isNew;
+    copyReading(other);
     return *this;
 }
 
@@ -72,6 +51,13 @@ std::string_view RBSongLine::propertyStr() const
 void RBSongLine::setPropertyStr(std::string_view key)
 {
     m_key = lyrics::propertyKey(key);
+    noteTag();
+}
+
+void RBSongLine::noteTag()
+{
+    const Kind readKey = m_readAs == Kind::OtherTag ? Kind::Text : m_readAs;
+    m_isRetagged = m_key != readKey || m_isProperty != (readKey != Kind::Text);
 }
 
 bool RBSongLine::isOtherTag() const
@@ -98,6 +84,8 @@ void RBSongLine::replaceText(std::string_view newText)
     out = std::copy(before.begin(), before.end(), out);
     out = std::copy(newText.begin(), newText.end(), out);
     std::copy(after.begin(), after.end(), out);
+    // They may lie with the block that is let go.
+    m_times.own();
     m_begin = 0;
     m_length = static_cast<std::uint32_t>(block.get()->size());
     m_textBegin = static_cast<std::uint32_t>(before.size());
@@ -122,14 +110,6 @@ void RBSongLine::updateWithTimeStr_atIndex(std::string_view newText, std::ptrdif
     } else if (newText != RBUtils::getTimeIntervalPeerStr(times[at])) {
         m_times[at] = RBUtils::getTimeInterval(newText);
     }
-}
-
-void RBSongLine::shiftAllTime(std::int64_t millis)
-{
-    if (millis == 0 || m_times.empty())
-        return;
-    for (std::int64_t &time : m_times)
-        time = shifted(time, millis);
 }
 
 bool operator==(const RBSongLine &a, const RBSongLine &b)

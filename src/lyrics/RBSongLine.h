@@ -7,10 +7,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 namespace lyrics {
 struct LineAccess;
-}
+} // namespace lyrics
 
 /// One line of a lyric: its times and its text, or an ID tag and its value.
 ///
@@ -22,8 +23,16 @@ class RBSongLine
 public:
     /// A line with no times, no text and no tag; it has a line end wherever it stands.
     RBSongLine() = default;
-    RBSongLine(const RBSongLine &other) = default;
-    RBSongLine(RBSongLine &&other) noexcept = default;
+    RBSongLine(const RBSongLine &other) : m_block(other.m_block)
+    {
+        m_times.copyFrom(other.m_times);
+        copyReading(other);
+    }
+    RBSongLine(RBSongLine &&other) noexcept : m_block(std::move(other.m_block))
+    {
+        m_times.takeFrom(other.m_times);
+        copyReading(other);
+    }
     RBSongLine &operator=(const RBSongLine &other);
     RBSongLine &operator=(RBSongLine &&other) noexcept;
     ~RBSongLine() = default;
@@ -49,7 +58,11 @@ public:
     /// Adds a time behind the others.
     void appendTime(std::int64_t millis) { m_times.push_back(millis); }
     /// A tag line is written as its tag alone. Neither the times nor the text change.
-    void setIsProperty(bool isProperty) { m_isProperty = isProperty; }
+    void setIsProperty(bool isProperty)
+    {
+        m_isProperty = isProperty;
+        noteTag();
+    }
     /// \param key  one of the four in any case; anything else is none.
     void setPropertyStr(std::string_view key);
     /// Replaces the text, or the value of a tag line. The blanks round the old text stay; those round
@@ -63,7 +76,7 @@ public:
     void updateWithTimeStr_atIndex(std::string_view text, std::ptrdiff_t index);
     /// Adds `millis` to every time; what would fall below 0 becomes 0, what would leave the range stays at
     /// its end. An amount of 0 changes nothing.
-    void shiftAllTime(std::int64_t millis);
+    void shiftAllTime(std::int64_t millis) { m_times.shift(millis); }
 
     /// The same content: times, text, and the key where it is a tag line. Neither the spelling nor the line
     /// end counts, nor do times that a tag line will not write.
@@ -79,20 +92,36 @@ private:
     {
         return m_block ? m_block.text().substr(m_textBegin, m_textLength) : std::string_view();
     }
+    void noteTag();
+    /// Takes over all but the times and the block.
+    void copyReading(const RBSongLine &other)
+    {
+        m_readAs = other.m_readAs;
+        m_key = other.m_key;
+        m_isProperty = other.m_isProperty;
+        m_isNew = other.m_isNew;
+        m_isRetagged = other.m_isRetagged;
+        m_joinsNext = other.m_joinsNext;
+        m_joinsPrevious = other.m_joinsPrevious;
+        m_colonMeansHours = other.m_colonMeansHours;
+        m_hasColonForm = other.m_hasColonForm;
+        m_begin = other.m_begin;
+        m_length = other.m_length;
+        m_textBegin = other.m_textBegin;
+        m_textLength = other.m_textLength;
+    }
     void replaceText(std::string_view text);
     [[nodiscard]] bool isTagLine() const { return m_isProperty && m_key != Kind::Text; }
 
-    lyrics::TimeList m_times;
-    // How the line was spelled: a slice of the block with the line's own line end, and within the block
-    // where its text is. No block: never spelled.
-    lyrics::BlockRef m_block;
-    std::uint32_t m_begin = 0;
-    std::uint32_t m_length = 0;
-    std::uint32_t m_textBegin = 0;
-    std::uint32_t m_textLength = 0;
-    Kind m_readAs = Kind::Text;
-    Kind m_key = Kind::Text;
-    bool m_isProperty = false;
+    // The flags lie in what the list leaves free behind itself: lines are many.
+    [[no_unique_address]] lyrics::TimeList m_times;
+    Kind m_readAs : 3 = Kind::Text;
+    Kind m_key : 3 = Kind::Text;
+    bool m_isProperty : 1 = false;
+    /// Made here, not read: has a line end wherever it stands.
+    bool m_isNew : 1 = true;
+    /// Key or `isProperty` are not those that were read.
+    bool m_isRetagged : 1 = false;
     /// The physical line goes on in the next line, or was begun in the line before.
     bool m_joinsNext : 1 = false;
     bool m_joinsPrevious : 1 = false;
@@ -100,6 +129,11 @@ private:
     bool m_colonMeansHours : 1 = false;
     /// One of the times is spelled `a:b:c`.
     bool m_hasColonForm : 1 = false;
-    /// Made here, not read: has a line end wherever it stands.
-    bool m_isNew : 1 = true;
+    // How the line was spelled: a slice of the block with the line's own line end, and within the block
+    // where its text is. No block: never spelled.
+    std::uint32_t m_begin = 0;
+    std::uint32_t m_length = 0;
+    std::uint32_t m_textBegin = 0;
+    std::uint32_t m_textLength = 0;
+    lyrics::BlockRef m_block;
 };

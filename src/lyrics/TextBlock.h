@@ -3,6 +3,8 @@
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -26,6 +28,8 @@ public:
     [[nodiscard]] std::size_t size() const { return m_size; }
     /// For the maker of the block, before it is shared.
     [[nodiscard]] char *writableData() { return reinterpret_cast<char *>(this + 1); }
+    /// Keeps a copy of `times` as long as the block lives; answers where it lies. For the maker of the block.
+    [[nodiscard]] std::int64_t *store(std::span<const std::int64_t> times);
     /// Gives up the bytes behind `size`. For the maker, before the block is shared.
     void cutTo(std::size_t size) { m_size = size; }
 
@@ -43,8 +47,17 @@ private:
     ~TextBlock() = default;
     void destroy();
 
+    /// Room for times; one is followed by its `capacity` times.
+    struct Chunk
+    {
+        Chunk *previous;
+        std::size_t used;
+        std::size_t capacity;
+    };
+
     std::atomic<std::size_t> m_references = 1;
     std::size_t m_size;
+    Chunk *m_chunk = nullptr;
 };
 
 /// One reference to a block, or none.
@@ -74,10 +87,13 @@ public:
     /// A block of its own that holds a copy of `text`.
     [[nodiscard]] static BlockRef copyOf(std::string_view text);
 
-    explicit operator bool() const { return m_block != nullptr; }
-    [[nodiscard]] TextBlock *get() const { return m_block; }
+    /// Takes over a reference that the caller holds; only where there is none yet.
+    void adopt(TextBlock *owned) { m_block = owned; }
     /// Gives the reference away; the caller has to release it.
     [[nodiscard]] TextBlock *take() { return std::exchange(m_block, nullptr); }
+
+    explicit operator bool() const { return m_block != nullptr; }
+    [[nodiscard]] TextBlock *get() const { return m_block; }
     /// The bytes; empty without a block.
     [[nodiscard]] std::string_view text() const
     {

@@ -15,16 +15,18 @@ TimeList::TimeList(std::initializer_list<std::int64_t> times)
 TimeList::TimeList(const TimeList &other)
 {
     copyFrom(other);
+    own();
 }
 
 TimeList::TimeList(TimeList &&other) noexcept
 {
     takeFrom(other);
+    own();
 }
 
 TimeList &TimeList::operator=(const TimeList &other)
 {
-    replaceWith(other);
+    replaceWith(TimeList(other));
     m_touched = true;
     return *this;
 }
@@ -32,6 +34,7 @@ TimeList &TimeList::operator=(const TimeList &other)
 TimeList &TimeList::operator=(TimeList &&other) noexcept
 {
     replaceWith(std::move(other));
+    own();
     m_touched = true;
     return *this;
 }
@@ -47,7 +50,8 @@ void TimeList::erase(std::size_t index)
     if (index >= m_size)
         return;
     m_touched = true;
-    std::copy(data() + index + 1, data() + m_size, data() + index);
+    std::int64_t *times = ownData();
+    std::copy(times + index + 1, times + m_size, times + index);
     --m_size;
 }
 
@@ -55,35 +59,19 @@ void TimeList::clear()
 {
     m_touched = true;
     m_size = 0;
-}
-
-void TimeList::append(std::int64_t millis)
-{
-    if (m_size == (m_onHeap ? m_storage.heap.capacity : kInPlace))
-        grow();
-    data()[m_size++] = millis;
+    if (m_onHeap && m_storage.heap.capacity == 0)
+        m_onHeap = false;
 }
 
 void TimeList::grow()
 {
-    const std::size_t capacity = std::size_t(m_size) * 2;
+    const std::size_t capacity = std::max<std::size_t>(std::size_t(m_size) * 2, kInPlace * 2);
     auto *times = new std::int64_t[capacity];
     std::copy_n(data(), m_size, times);
     if (m_onHeap)
-        delete[] m_storage.heap.times;
+        dropHeap();
     m_storage.heap = {times, capacity};
     m_onHeap = true;
-}
-
-/// Only on a list that owns nothing.
-void TimeList::copyFrom(const TimeList &other)
-{
-    m_size = other.m_size;
-    m_touched = other.m_touched;
-    m_onHeap = m_size > kInPlace;
-    if (m_onHeap)
-        m_storage.heap = {new std::int64_t[m_size], m_size};
-    std::copy_n(other.data(), m_size, data());
 }
 
 /// Only on a list that owns nothing.
@@ -95,12 +83,6 @@ void TimeList::takeFrom(TimeList &other) noexcept
     m_touched = std::exchange(other.m_touched, true);
 }
 
-void TimeList::replaceWith(const TimeList &other)
-{
-    if (this != &other)
-        replaceWith(TimeList(other));
-}
-
 void TimeList::replaceWith(TimeList &&other) noexcept
 {
     if (this == &other)
@@ -108,7 +90,7 @@ void TimeList::replaceWith(TimeList &&other) noexcept
     // A reference into this list may still be in somebody's hands.
     const bool wasTouched = m_touched;
     if (m_onHeap)
-        delete[] m_storage.heap.times;
+        dropHeap();
     takeFrom(other);
     m_touched = m_touched || wasTouched;
 }

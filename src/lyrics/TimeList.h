@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <limits>
 #include <optional>
 #include <span>
 
@@ -12,9 +13,19 @@ class RBSongLine;
 
 namespace lyrics {
 
+/// `time` moved by `millis`; 0 where that falls below, the largest time where it leaves the range.
+[[nodiscard]] inline std::int64_t shifted(std::int64_t time, std::int64_t millis)
+{
+    std::int64_t sum = 0;
+    if (__builtin_add_overflow(time, millis, &sum))
+        return millis > 0 ? std::numeric_limits<std::int64_t>::max() : 0;
+    return sum > 0 ? sum : 0;
+}
+
 /// The times of one line, in milliseconds, in the order in which they were stamped.
 ///
-/// Two of them are kept in place, more of them on the heap. The list remembers that it was opened for
+/// Two of them are kept in place. More of them lie on the heap, or, as long as nobody wrote to them, with the
+/// text that the line was read from. The list remembers that it was opened for
 /// writing: by that the writer of a document knows which lines it can copy unread. Reading through a
 /// list that is not const counts as writing, and costs speed only.
 class TimeList
@@ -23,6 +34,9 @@ public:
     using value_type = std::int64_t;
     using iterator = std::int64_t *;
     using const_iterator = const std::int64_t *;
+
+    /// So many times need no memory of their own.
+    static constexpr std::size_t kInPlace = 2;
 
     TimeList() noexcept { }
     TimeList(std::initializer_list<std::int64_t> times);
@@ -33,7 +47,7 @@ public:
     ~TimeList()
     {
         if (m_onHeap)
-            delete[] m_storage.heap.times;
+            dropHeap();
     }
 
     [[nodiscard]] std::size_t size() const { return m_size; }
@@ -56,17 +70,17 @@ public:
     {
         assert(index < m_size);
         m_touched = true;
-        return data()[index];
+        return ownData()[index];
     }
     [[nodiscard]] iterator begin()
     {
         m_touched = true;
-        return data();
+        return ownData();
     }
     [[nodiscard]] iterator end()
     {
         m_touched = true;
-        return data() + m_size;
+        return ownData() + m_size;
     }
 
     /// Adds a time behind the others.
@@ -75,6 +89,23 @@ public:
     void erase(std::size_t index);
     void clear();
     void removeAllObjects() { clear(); }
+    /// Adds `millis` to every time; what would fall below 0 becomes 0, what would leave the range stays at
+    /// its end. An amount of 0 changes nothing.
+    void shift(std::int64_t millis)
+    {
+        if (millis == 0 || empty())
+            return;
+        m_touched = true;
+        if (m_onHeap) {
+            std::int64_t *times = ownData();
+            for (std::size_t i = 0; i < m_size; ++i)
+                times[i] = shifted(times[i], millis);
+            return;
+        }
+        // Both places, used or not: nobody reads the second one before it is written again.
+        m_storage.inPlace[0] = shifted(m_storage.inPlace[0], millis);
+        m_storage.inPlace[1] = shifted(m_storage.inPlace[1], millis);
+    }
 
     /// The same times in the same order.
     friend bool operator==(const TimeList &a, const TimeList &b)
@@ -95,21 +126,60 @@ private:
     friend class ::RBSongLine;
     friend struct LineAccess;
 
-    static constexpr std::size_t kInPlace = 2;
-
     [[nodiscard]] const std::int64_t *data() const
     {
         return m_onHeap ? m_storage.heap.times : m_storage.inPlace;
     }
     [[nodiscard]] std::int64_t *data() { return m_onHeap ? m_storage.heap.times : m_storage.inPlace; }
-    void append(std::int64_t millis);
+    /// The times, where they may be written to.
+    [[nodiscard]] std::int64_t *ownData()
+    {
+        own();
+        return data();
+    }
+    /// A list that lies with the text of its line gets a place of its own.
+    void own()
+    {
+        if (m_onHeap && m_storage.heap.capacity == 0)
+            grow();
+    }
+    /// Times that somebody else keeps for as long as this list is not written to.
+    void borrow(std::int64_t *times, std::size_t count)
+    {
+        m_storage.heap = {times, 0};
+        m_size = static_cast<std::uint32_t>(count);
+        m_onHeap = true;
+    }
+    void dropHeap()
+    {
+        if (m_storage.heap.capacity > 0)
+            delete[] m_storage.heap.times;
+    }
+    void append(std::int64_t millis)
+    {
+        if (m_size >= kInPlace && (!m_onHeap || m_size >= m_storage.heap.capacity))
+            grow();
+        data()[m_size++] = millis;
+    }
     void grow();
-    void copyFrom(const TimeList &other);
+    /// For whole lines, which keep the text: what lies with it may stay there. Only on a list that owns
+    /// nothing.
+    void copyFrom(const TimeList &other)
+    {
+        m_size = other.m_size;
+        m_touched = other.m_touched;
+        m_onHeap = other.m_onHeap;
+        m_storage = other.m_storage;
+        if (m_onHeap && m_storage.heap.capacity > 0) {
+            m_storage.heap.capacity = 0;
+            own();
+        }
+    }
     void takeFrom(TimeList &other) noexcept;
     /// For whole lines: the list as it stands in another line, with what is known about it.
-    void replaceWith(const TimeList &other);
     void replaceWith(TimeList &&other) noexcept;
 
+    /// A capacity of 0: the times are somebody else's.
     struct Heap
     {
         std::int64_t *times;
@@ -120,7 +190,7 @@ private:
         Heap heap;
     };
 
-    Storage m_storage;
+    Storage m_storage = {.inPlace = {0, 0}};
     std::uint32_t m_size = 0;
     bool m_onHeap = false;
     bool m_touched = false;

@@ -141,39 +141,6 @@ bool readSecondsAlone(const char *&p, const char *end, const Number &first, std:
     return addMillis(sum, first.value, 1'000) && addMillis(sum, fraction, 1);
 }
 
-/// Two digits at `p`, or something above 99.
-unsigned twoDigits(const char *p)
-{
-    const auto tens = static_cast<unsigned char>(p[0] - '0');
-    const auto ones = static_cast<unsigned char>(p[1] - '0');
-    return tens <= 9 && ones <= 9 ? tens * 10U + ones : 1000U;
-}
-
-/// `[mm:ss.xx]` and `[mm:ss.xxx]`, which is nearly all there is.
-bool readCommonTag(const char *p, const char *end, TimeTag &tag)
-{
-    if (end - p < 10 || p[3] != ':' || p[6] != '.')
-        return false;
-    const unsigned minutes = twoDigits(p + 1);
-    const unsigned seconds = twoDigits(p + 4);
-    const unsigned hundredths = twoDigits(p + 7);
-    if ((minutes | seconds | hundredths) >= 1000U)
-        return false;
-    unsigned millis = hundredths * 10;
-    const char *last = p + 9;
-    if (isDigit(*last)) {
-        millis += static_cast<unsigned>(*last - '0');
-        ++last;
-    }
-    if (last == end || *last != ']')
-        return false;
-    tag.millis = std::int64_t(minutes) * 60'000 + seconds * 1'000 + millis;
-    tag.end = last + 1;
-    tag.rangeDash = nullptr;
-    tag.colonForm = false;
-    return true;
-}
-
 bool readRangeEnd(const char *&p, const char *end, ColonReading reading, TimeTag &tag)
 {
     // [1-2] is no range: both ends have a colon.
@@ -188,16 +155,22 @@ bool readRangeEnd(const char *&p, const char *end, ColonReading reading, TimeTag
     return true;
 }
 
-char *writeDigits(char *out, std::uint64_t value, int atLeast)
+char *writeTwoDigits(char *out, std::uint64_t value)
 {
+    out[0] = static_cast<char>('0' + value / 10);
+    out[1] = static_cast<char>('0' + value % 10);
+    return out + 2;
+}
+
+/// At least two digits.
+char *writeMinutes(char *out, std::uint64_t value)
+{
+    if (value < 100)
+        return writeTwoDigits(out, value);
     char digits[20];
     int count = 0;
-    do {
+    for (; value > 0; value /= 10)
         digits[count++] = static_cast<char>('0' + value % 10);
-        value /= 10;
-    } while (value > 0);
-    for (; count < atLeast; ++count)
-        digits[count] = '0';
     while (count > 0)
         *out++ = digits[--count];
     return out;
@@ -228,10 +201,8 @@ bool readTime(const char *p, const char *end, ColonReading reading, TimeSpelling
     return true;
 }
 
-bool readTimeTag(const char *p, const char *end, ColonReading reading, TimeTag &tag)
+bool readUncommonTimeTag(const char *p, const char *end, ColonReading reading, TimeTag &tag)
 {
-    if (readCommonTag(p, end, tag))
-        return true;
     const char *inner = skipBlanks(p + 1, end);
     tag.rangeDash = nullptr;
     if (!readTime(inner, end, reading, tag))
@@ -261,11 +232,12 @@ char *writeTime(char *out, std::int64_t millis, Fraction fraction)
     // The largest time would be rounded out of the range.
     if (fraction == Fraction::Rounded && rest >= 5 && hundredths < kLargest / 10)
         ++hundredths;
-    out = writeDigits(out, hundredths / 6000, 2);
+    const std::uint64_t seconds = hundredths / 100;
+    out = writeMinutes(out, seconds / 60);
     *out++ = ':';
-    out = writeDigits(out, hundredths / 100 % 60, 2);
+    out = writeTwoDigits(out, seconds % 60);
     *out++ = '.';
-    out = writeDigits(out, hundredths % 100, 2);
+    out = writeTwoDigits(out, hundredths % 100);
     if (fraction == Fraction::Exact && rest != 0)
         *out++ = static_cast<char>('0' + rest);
     return out;

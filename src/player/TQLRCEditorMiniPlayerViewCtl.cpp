@@ -138,7 +138,7 @@ void TQLRCEditorMiniPlayerViewCtl::updatePlayPauseUI()
         return;
     const bool plays = m_player != nullptr && m_player->isPlaying();
     m_btnPlay->setIcon(TQLrcUtils::iconNamed(plays ? QStringLiteral("pause") : QStringLiteral("play")));
-    m_btnPlay->setAccessibleName(localized(plays ? QStringLiteral("Pause") : QStringLiteral("Play")));
+    m_btnPlay->setAccessibleName(plays ? localized(QStringLiteral("Pause")) : localized(QStringLiteral("Play")));
 }
 
 bool TQLRCEditorMiniPlayerViewCtl::isPlaying() const

@@ -75,6 +75,11 @@ void RBMenuDisabledTextView::mousePressEvent(QMouseEvent *event)
     event->accept();
 }
 
+void RBMenuDisabledTextView::mouseMoveEvent(QMouseEvent *event)
+{
+    event->accept();
+}
+
 void RBMenuDisabledTextView::mouseReleaseEvent(QMouseEvent *event)
 {
     event->accept();

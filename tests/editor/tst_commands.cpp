@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
-#include "support/Warnings.h"
+#include "support/QtWarnings.h"
 #include "support/ModalDialogs.h"
 
 #include "editor/LeadingNumber.h"
@@ -9,9 +9,9 @@
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLineEdit>
 
-using testing_support::buttonTitled;
-using testing_support::textsOf;
-using testing_support::whenDialogOpens;
+using support::buttonTitled;
+using support::textsOf;
+using support::whenDialogOpens;
 
 namespace {
 
@@ -38,7 +38,7 @@ class Commands : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { testing_support::failOnAnyWarning(); }
+    void init() { support::failOnUnexpectedWarnings(); }
 
     void titleTagDropsTheTimesAndKeepsTheText()
     {

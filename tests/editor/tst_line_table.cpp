@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
-#include "support/Warnings.h"
+#include "support/QtWarnings.h"
 #include "support/ModalDialogs.h"
 
 #include "kit/DropTipView.h"
@@ -12,16 +12,16 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollBar>
 
-using testing_support::buttonTitled;
-using testing_support::textsOf;
-using testing_support::whenDialogOpens;
+using support::buttonTitled;
+using support::textsOf;
+using support::whenDialogOpens;
 
 class LineTable : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { testing_support::failOnAnyWarning(); }
+    void init() { support::failOnUnexpectedWarnings(); }
 
     void emptyDocumentHasTwoColumnsAndNoRow()
     {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
-#include "support/Warnings.h"
+#include "support/QtWarnings.h"
 
 #include "kit/DropTipView.h"
 
@@ -45,7 +45,7 @@ private:
     }
 
 private Q_SLOTS:
-    void init() { testing_support::failOnAnyWarning(); }
+    void init() { support::failOnUnexpectedWarnings(); }
 
     void itemWithoutLyricIsAnUnchangedEmptyDocument()
     {

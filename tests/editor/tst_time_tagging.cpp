@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
-#include "support/Warnings.h"
+#include "support/QtWarnings.h"
 
 #include "views/RBNoResponseTextFiled.h"
 
@@ -28,7 +28,7 @@ class TimeTagging : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { testing_support::failOnAnyWarning(); }
+    void init() { support::failOnUnexpectedWarnings(); }
 
     void labelReadsZeroBeforeTheFirstTick()
     {

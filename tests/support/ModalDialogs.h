@@ -9,7 +9,7 @@
 
 #include <functional>
 
-namespace testing_support {
+namespace support {
 
 /// Runs `answer` once the next modal dialog is up. `answer` must end the dialog.
 inline void whenDialogOpens(std::function<void(QWidget &dialog)> answer)
@@ -47,4 +47,4 @@ inline QStringList textsOf(const QWidget &dialog)
     return texts;
 }
 
-} // namespace testing_support
+} // namespace support

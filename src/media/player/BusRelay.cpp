@@ -10,6 +10,7 @@
 #include <gst/pbutils/pbutils.h>
 
 #include <filesystem>
+#include <string_view>
 #include <utility>
 
 namespace media {
@@ -18,28 +19,29 @@ namespace {
 
 using Cause = PipelineFailure::Cause;
 
-Cause causeOf(const GError &error)
+/// Whether `source` decides what kind of file it is, and does not yet read what is in it.
+bool isJudgeOfKind(GstObject *source)
 {
-    if (g_error_matches(&error, GST_STREAM_ERROR, GST_STREAM_ERROR_CODEC_NOT_FOUND) != FALSE
-        || g_error_matches(&error, GST_CORE_ERROR, GST_CORE_ERROR_MISSING_PLUGIN) != FALSE) {
+    if (source == nullptr || GST_IS_ELEMENT(source) == FALSE) {
+        return false;
+    }
+    GstElementFactory *factory = gst_element_get_factory(GST_ELEMENT_CAST(source));
+    const std::string_view name = factory != nullptr ? GST_OBJECT_NAME(factory) : "";
+    return name == "decodebin" || name == "typefind";
+}
+
+Cause causeOf(const GError &error, GstObject *source)
+{
+    const auto is = [&](GQuark domain, int code) { return g_error_matches(&error, domain, code) != FALSE; };
+    if (is(GST_STREAM_ERROR, GST_STREAM_ERROR_CODEC_NOT_FOUND)
+        || is(GST_CORE_ERROR, GST_CORE_ERROR_MISSING_PLUGIN)) {
         return Cause::DecoderMissing;
     }
-    if (g_error_matches(&error, GST_STREAM_ERROR, GST_STREAM_ERROR_TYPE_NOT_FOUND) != FALSE
-        || g_error_matches(&error, GST_STREAM_ERROR, GST_STREAM_ERROR_WRONG_TYPE) != FALSE) {
+    if (is(GST_STREAM_ERROR, GST_STREAM_ERROR_TYPE_NOT_FOUND)
+        || (is(GST_STREAM_ERROR, GST_STREAM_ERROR_WRONG_TYPE) && isJudgeOfKind(source))) {
         return Cause::NotAudio;
     }
     return error.domain == GST_RESOURCE_ERROR ? Cause::Unreadable : Cause::Damaged;
-}
-
-bool hasAudio(GstStreamCollection *streams)
-{
-    for (guint i = 0; i < gst_stream_collection_get_size(streams); ++i) {
-        const auto type = gst_stream_get_stream_type(gst_stream_collection_get_stream(streams, i));
-        if ((static_cast<unsigned>(type) & static_cast<unsigned>(GST_STREAM_TYPE_AUDIO)) != 0) {
-            return true;
-        }
-    }
-    return false;
 }
 
 } // namespace
@@ -47,11 +49,11 @@ bool hasAudio(GstStreamCollection *streams)
 BusRelay::BusRelay(Pipeline *target, QString path) : m_target(target), m_path(std::move(path))
 { }
 
-void BusRelay::attach(GstElement *playbin, GstElement *sink)
+void BusRelay::attach(GstElement *pipeline, GstElement *sink)
 {
-    m_playbin = playbin;
+    m_pipeline = pipeline;
     m_sink = sink;
-    const GstPointer<GstBus> bus(gst_element_get_bus(playbin));
+    const GstPointer<GstBus> bus(gst_element_get_bus(pipeline));
     auto *reference = new std::shared_ptr<BusRelay>(shared_from_this());
     gst_bus_set_sync_handler(bus.get(), &BusRelay::onMessage, reference,
         [](gpointer data) { delete static_cast<std::shared_ptr<BusRelay> *>(data); });
@@ -82,7 +84,7 @@ GstBusSyncReply BusRelay::onMessage(GstBus * /*bus*/, GstMessage *message, gpoin
 
 void BusRelay::handle(GstMessage *message)
 {
-    const bool fromPipeline = GST_MESSAGE_SRC(message) == GST_OBJECT_CAST(m_playbin);
+    const bool fromPipeline = GST_MESSAGE_SRC(message) == GST_OBJECT_CAST(m_pipeline);
     switch (GST_MESSAGE_TYPE(message)) {
     case GST_MESSAGE_ASYNC_DONE:
         if (fromPipeline) {
@@ -96,11 +98,6 @@ void BusRelay::handle(GstMessage *message)
         break;
     case GST_MESSAGE_ERROR:
         handleError(message);
-        break;
-    case GST_MESSAGE_STREAM_COLLECTION:
-        if (fromPipeline) {
-            handleCollection(message);
-        }
         break;
     case GST_MESSAGE_ELEMENT:
         if (gst_is_missing_plugin_message(message) != FALSE) {
@@ -138,25 +135,19 @@ void BusRelay::handleError(GstMessage *message)
     GError *raw = nullptr;
     gst_message_parse_error(message, &raw, nullptr);
     const GErrorPointer error(raw);
-    PipelineFailure failure{causeOf(*error), QString::fromUtf8(error->message)};
     GstObject *source = GST_MESSAGE_SRC(message);
+    PipelineFailure failure{causeOf(*error, source), QString::fromUtf8(error->message)};
     if (source != nullptr && gst_object_has_as_ancestor(source, GST_OBJECT_CAST(m_sink)) != FALSE) {
         failure.cause = Cause::Output;
     } else if (const std::lock_guard lock(m_mutex); !m_missingDecoder.isEmpty()) {
         failure = {Cause::DecoderMissing, m_missingDecoder};
     }
-    post([failure](Pipeline &pipeline) { pipeline.onFailed(failure); });
+    report(failure);
 }
 
-void BusRelay::handleCollection(GstMessage *message)
+void BusRelay::report(const PipelineFailure &failure)
 {
-    GstStreamCollection *raw = nullptr;
-    gst_message_parse_stream_collection(message, &raw);
-    const GstPointer<GstStreamCollection> streams(raw);
-    // A picture or a silent film would open well and never make a sound.
-    if (streams && !hasAudio(streams.get())) {
-        post([](Pipeline &pipeline) { pipeline.onFailed({Cause::NotAudio, {}}); });
-    }
+    post([failure](Pipeline &pipeline) { pipeline.onFailed(failure); });
 }
 
 } // namespace media

@@ -15,6 +15,7 @@
 namespace media {
 
 class Pipeline;
+struct PipelineFailure;
 
 /// Carries what a pipeline says from the library's threads to the GUI thread.
 ///
@@ -26,10 +27,13 @@ class BusRelay : public std::enable_shared_from_this<BusRelay>
 public:
     BusRelay(Pipeline *target, QString path);
 
-    /// Takes over the bus of `playbin`, whose output is `sink`.
-    void attach(GstElement *playbin, GstElement *sink);
+    /// Takes over the bus of `pipeline`, whose output is `sink`.
+    void attach(GstElement *pipeline, GstElement *sink);
     /// From the return of this call on nothing reaches the pipeline.
     void detach();
+
+    /// From any thread: that it is over.
+    void report(const PipelineFailure &failure);
 
     /// Each arrival that was under way before the call is late from now on.
     void countSeek() { ++m_seeks; }
@@ -39,7 +43,6 @@ private:
     static GstBusSyncReply onMessage(GstBus *bus, GstMessage *message, gpointer relay);
     void handle(GstMessage *message);
     void handleError(GstMessage *message);
-    void handleCollection(GstMessage *message);
     void handleArrival();
 
     template <typename Function>
@@ -51,7 +54,7 @@ private:
     std::optional<EncoderDelay> m_delay;
 
     const QString m_path;
-    GstElement *m_playbin = nullptr;
+    GstElement *m_pipeline = nullptr;
     GstElement *m_sink = nullptr;
     std::atomic<unsigned> m_seeks = 0;
 };

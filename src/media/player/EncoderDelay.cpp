@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "media/player/EncoderDelay.h"
 
+#include "media/player/ByteSource.h"
 #include "media/player/MpegFrame.h"
+#include "media/player/MpegLength.h"
 
 #include <algorithm>
 #include <array>
 #include <fstream>
 #include <string_view>
-#include <vector>
 
 namespace media {
 
@@ -90,16 +91,6 @@ EncoderDelay layer3Delay(const MpegFrame &frame, std::span<const std::uint8_t> b
     return delay;
 }
 
-std::vector<std::uint8_t> readAt(std::ifstream &file, std::uint64_t offset, std::size_t most)
-{
-    std::vector<std::uint8_t> bytes(most);
-    file.clear();
-    file.seekg(static_cast<std::streamoff>(offset));
-    file.read(reinterpret_cast<char *>(bytes.data()), static_cast<std::streamsize>(most));
-    bytes.resize(static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0)));
-    return bytes;
-}
-
 /// Where the stream begins behind the ID3v2 tags, of which there may be several.
 std::uint64_t skipId3(std::ifstream &file)
 {
@@ -150,9 +141,14 @@ EncoderDelay encoderDelayOf(const std::filesystem::path &path)
         return encoderDelayOfAsf(bytes);
     }
     // Only a stream that begins here: inside other containers a sync word is chance.
-    const auto first = readMpegFrame(bytes);
-    const bool tagged = begin > 0;
-    return first || tagged ? encoderDelayOfMpeg(bytes) : EncoderDelay{};
+    if (begin == 0 && !readMpegFrame(bytes)) {
+        return {};
+    }
+    EncoderDelay delay = encoderDelayOfMpeg(bytes);
+    if (delay.sampleRate > 0 && delay.total == 0) {
+        delay.total = countMpegSamples(file, begin);
+    }
+    return delay;
 }
 
 } // namespace media

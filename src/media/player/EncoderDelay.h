@@ -18,7 +18,8 @@ struct EncoderDelay
     std::uint32_t front = 0;
     /// Behind; 0 when the file does not say.
     std::uint32_t behind = 0;
-    /// All samples of the file with the silence at both ends; 0 when the file does not say.
+    /// All samples of the file with the silence at both ends; 0 where the library knows it as
+    /// well or the file is too long for counting.
     std::uint64_t total = 0;
 
     [[nodiscard]] double frontSeconds() const { return inSeconds(front); }
@@ -37,7 +38,8 @@ private:
 /// Layer III: what the header of the first frame says, and where it says nothing what the encoder
 /// that made nearly all such files does. Layer II and Windows Media Audio: what their coders do.
 /// Everything else has its silence described in a way that the library honours, and an unreadable
-/// file has none. Reads a few kilobytes; not for the GUI thread.
+/// file has none. Reads a few kilobytes, and all of an MPEG stream that does not tell its length:
+/// of a variable rate the library only has a guess. Not for the GUI thread.
 [[nodiscard]] EncoderDelay encoderDelayOf(const std::filesystem::path &path);
 
 /// The same for the beginning of an MPEG audio stream, after any ID3v2 tag.

@@ -17,11 +17,6 @@ constexpr std::array<std::uint32_t, 3> kSampleRates{44100, 48000, 32000};
 
 constexpr std::size_t kHeaderBytes = 4;
 
-bool sameKind(const MpegFrame &a, const MpegFrame &b)
-{
-    return a.layer == b.layer && a.sampleRate == b.sampleRate;
-}
-
 std::uint32_t kilobits(const MpegFrame &frame, std::size_t index)
 {
     if (!frame.fullRate) {
@@ -75,7 +70,7 @@ std::optional<std::size_t> findMpegFrame(std::span<const std::uint8_t> bytes)
             return at;
         }
         const auto following = readMpegFrame(bytes.subspan(next));
-        if (following && sameKind(*frame, *following)) {
+        if (following && following->isLike(*frame)) {
             return at;
         }
     }

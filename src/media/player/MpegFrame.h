@@ -23,6 +23,11 @@ struct MpegFrame
 
     /// Where the data of the frame begins that an encoder's info header takes the place of.
     [[nodiscard]] std::size_t infoOffset() const;
+    /// Whether both can stand in one stream.
+    [[nodiscard]] bool isLike(const MpegFrame &other) const
+    {
+        return layer == other.layer && sampleRate == other.sampleRate;
+    }
 };
 
 /// Reads the header at the beginning of `bytes`. Nothing when it is none, or is of a kind that

@@ -38,21 +38,22 @@ class Pipeline : public QObject
     Q_OBJECT
 
 public:
-    /// True when what every pipeline is made of is installed.
-    [[nodiscard]] static bool isAvailable();
-
     /// `path` is absolute; `sink` takes what is decoded and is taken over.
     Pipeline(const QString &path, GstElement *sink);
     ~Pipeline() override;
 
+    /// False when parts of the library that everything needs are not installed.
+    [[nodiscard]] bool isComplete() const { return m_complete; }
     /// True once the beginning is decoded and the pipeline answers questions.
     [[nodiscard]] bool isReady() const { return m_ready; }
     /// True while the library is still on its way to a place or state it was sent to.
     [[nodiscard]] bool isBusy() const;
     /// Nothing while the library cannot say.
     [[nodiscard]] std::optional<double> position() const;
-    /// Length of the music; nothing while the library cannot say.
+    /// Length of the music; nothing while nobody can say.
     [[nodiscard]] std::optional<double> duration() const;
+    /// True when the length was counted, so that what is heard after it is no music.
+    [[nodiscard]] bool knowsEnd() const { return m_music > 0; }
 
     /// Starts decoding up to the first sound. False when the library refuses at once.
     bool open();
@@ -78,13 +79,17 @@ private:
     void onLatencyChanged();
 
     void takeOffSilence(const EncoderDelay &delay);
+    void learnEnd();
     [[nodiscard]] std::optional<double> libraryDuration() const;
 
-    GstPointer<GstElement> m_playbin;
+    GstPointer<GstElement> m_pipeline;
     std::shared_ptr<BusRelay> m_relay;
-    /// Seconds of the library's timeline before and after the music.
+    /// Seconds of the library's timeline before the music.
     double m_front = 0;
-    double m_behind = 0;
+    /// Length of the music as the file itself or its end says; 0 where the library has to be asked.
+    double m_music = 0;
+    /// All parts of it are installed.
+    bool m_complete = false;
     bool m_ready = false;
     bool m_seeking = false;
     bool m_playing = false;

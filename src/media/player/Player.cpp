@@ -2,6 +2,7 @@
 #include "media/player/Player.h"
 
 #include "media/player/FailureText.h"
+#include "media/player/Library.h"
 #include "media/player/Pipeline.h"
 #include "media/player/PlayerCall.h"
 #include "media/player/PlayerObservers.h"
@@ -88,7 +89,7 @@ void Player::openPipeline()
         return;
     }
     const auto kind = m_outputFailures < kOutputChances ? OutputKind::Preferred : OutputKind::Silent;
-    GstElement *sink = Pipeline::isAvailable() ? makeSinkBin(m_output.makeSink, kind) : nullptr;
+    GstElement *sink = startLibrary() ? makeSinkBin(m_output.makeSink, kind) : nullptr;
     if (sink == nullptr) {
         failLater(libraryMissingText());
         return;
@@ -96,8 +97,8 @@ void Player::openPipeline()
     m_pipeline = std::make_unique<Pipeline>(m_path, sink);
     connectPipeline();
     if (!m_pipeline->open()) {
-        // For the case that the library keeps its reasons to itself; what it says comes first.
-        failLater(failureText({}, m_path));
+        // What the library says comes first; this is for the case that it keeps its reasons.
+        failLater(m_pipeline->isComplete() ? failureText({}, m_path) : libraryMissingText());
     }
 }
 
@@ -155,6 +156,7 @@ void Player::afterPipelineEnded()
     if (m_item == finished) {
         announceEnd();
     }
+    refreshDuration();
 }
 
 void Player::afterPipelineFailed(const PipelineFailure &failure)

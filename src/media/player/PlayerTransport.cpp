@@ -139,6 +139,9 @@ void Player::tick()
     if (m_playing) {
         reportPosition();
     }
+    if (m_position > m_duration && m_duration > 0) {
+        refreshDuration();
+    }
 }
 
 double Player::heardNow() const
@@ -147,7 +150,11 @@ double Player::heardNow() const
         return m_position;
     }
     const auto heard = m_pipeline->position();
-    return heard ? std::max(m_position, clampToItem(*heard)) : m_position;
+    if (!heard) {
+        return m_position;
+    }
+    // Of some streams the library only guesses the length, and the music goes on after it.
+    return std::max(m_position, m_pipeline->knowsEnd() ? clampToItem(*heard) : *heard);
 }
 
 double Player::clampToItem(double seconds) const
@@ -161,6 +168,10 @@ void Player::refreshDuration()
     const auto known = m_pipeline ? m_pipeline->duration() : std::nullopt;
     if (known) {
         m_duration = *known;
+    }
+    // Under way it is known to be at least as long as what was heard.
+    if (m_duration > 0) {
+        m_duration = std::max(m_duration, m_position);
     }
     if (m_duration != m_toldDuration) {
         m_toldDuration = m_duration;

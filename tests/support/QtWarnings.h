@@ -4,14 +4,14 @@
 #include <QtCore/QRegularExpression>
 #include <QtTest/QTest>
 
-namespace testing_support {
+namespace support {
 
-/// For a test class's init(): any warning fails the test, but for the one that the offscreen
-/// platform gives at every show.
-inline void failOnAnyWarning()
+/// For a test's init(): every warning fails it, but for what the offscreen platform says at
+/// each show of a window.
+inline void failOnUnexpectedWarnings()
 {
     QTest::failOnWarning(
         QRegularExpression(QStringLiteral("^(?!This plugin does not support propagateSizeHints)")));
 }
 
-} // namespace testing_support
+} // namespace support

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include "kit/AutoResize.h"
+#include "kit/CoverView.h"
+#include "kit/ElidedLabel.h"
+#include "kit/FiguresLabel.h"
+#include "kit/MyStyledView.h"
+#include "kit/RoundButton.h"
+#include "support/QtWarnings.h"
+
+#include <QtTest/QTest>
+
+class tst_SmallWidgets : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { support::failOnUnexpectedWarnings(); }
+
+    void styledViewPaintsGroundAndEdge();
+    void styledViewWithoutColoursPaintsNothing();
+    void styledViewFollowsARole();
+    void elidedLabelGivesWayAndKeepsItsText();
+    void elidedLabelIsPlainAndOneLine();
+    void figuresDoNotMoveWhatFollows();
+    void figuresKeepTheirSize();
+    void coverIsCutToASquareWithRoundCorners();
+    void clearedCoverHasNoPixmap();
+    void roundButtonIsPressedByKeyAndMouse();
+    void autoResizeKeepsTheMargins();
+    void autoResizeFollowsANewParentAndAHiddenOne();
+};
+
+void tst_SmallWidgets::styledViewPaintsGroundAndEdge()
+{
+    MyStyledView view;
+    view.resize(20, 20);
+    view.setBackgroundColor(Qt::white);
+    view.setTopEdgeColor(QColor(0, 0, 0, 128));
+    const QImage image = view.grab().toImage();
+    QCOMPARE(image.pixelColor(10, 1), QColor(Qt::white));
+    QVERIFY(image.pixelColor(10, 0).lightness() < 140);
+    QCOMPARE(view.backgroundColor(), QColor(Qt::white));
+    QCOMPARE(view.topEdgeColor(), QColor(0, 0, 0, 128));
+}
+
+void tst_SmallWidgets::styledViewWithoutColoursPaintsNothing()
+{
+    MyStyledView view;
+    view.resize(20, 20);
+    QImage image(view.size(), QImage::Format_ARGB32);
+    image.fill(Qt::magenta);
+    view.render(&image, {}, {}, QWidget::RenderFlags());
+    QCOMPARE(image.pixelColor(10, 0), QColor(Qt::magenta));
+    QCOMPARE(image.pixelColor(10, 10), QColor(Qt::magenta));
+    QVERIFY(!view.backgroundColor().isValid());
+}
+
+void tst_SmallWidgets::styledViewFollowsARole()
+{
+    MyStyledView view;
+    view.setBackgroundColor(QPalette::Base);
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::yellow);
+    view.setPalette(palette);
+    QCOMPARE(view.backgroundColor(), QColor(Qt::yellow));
+    view.setBackgroundColor(Qt::green);
+    QCOMPARE(view.backgroundColor(), QColor(Qt::green));
+}
+
+void tst_SmallWidgets::elidedLabelGivesWayAndKeepsItsText()
+{
+    kit::ElidedLabel label;
+    const QString title(500, 'W');
+    label.setText(title);
+    QVERIFY(label.minimumSizeHint().width() < 100);
+    label.resize(80, 20);
+    QVERIFY(!label.grab().isNull());
+    QCOMPARE(label.text(), title);
+}
+
+void tst_SmallWidgets::elidedLabelIsPlainAndOneLine()
+{
+    kit::ElidedLabel label;
+    label.resize(300, 20);
+    label.setText("<b>a</b>\nb");
+    const QImage shown = label.grab().toImage();
+    label.setText("<b>a</b> b");
+    QCOMPARE(label.grab().toImage(), shown);
+    label.setText("a b");
+    QVERIFY(label.grab().toImage() != shown);
+}
+
+void tst_SmallWidgets::figuresDoNotMoveWhatFollows()
+{
+    kit::FiguresLabel label;
+    label.setFigures("11:11.11");
+    const QSize narrow = label.sizeHint();
+    label.setFigures("00:00.00");
+    QCOMPARE(label.sizeHint(), narrow);
+    QCOMPARE(label.text(), "00:00.00");
+}
+
+void tst_SmallWidgets::figuresKeepTheirSize()
+{
+    QWidget parent;
+    kit::FiguresLabel label(&parent);
+    label.setFigures("00:00.00");
+    QCOMPARE(label.minimumSize(), label.maximumSize());
+    const QSize before = label.size();
+    label.setFigures("00:00.01");
+    QCOMPARE(label.size(), before);
+    label.setFigures("100:00.01");
+    QVERIFY(label.width() > before.width());
+    QFont large = label.font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    const int width = label.width();
+    label.setFont(large);
+    QVERIFY(label.width() > width);
+}
+
+void tst_SmallWidgets::coverIsCutToASquareWithRoundCorners()
+{
+    kit::CoverView cover;
+    cover.resize(56, 56);
+    QImage wide(400, 100, QImage::Format_RGB32);
+    wide.fill(Qt::red);
+    cover.setImage(wide);
+    QCOMPARE(cover.pixmap(Qt::ReturnByValue).size(), QSize(56, 56));
+    QImage shown(cover.size(), QImage::Format_ARGB32);
+    shown.fill(Qt::transparent);
+    cover.render(&shown, {}, {}, QWidget::RenderFlags());
+    QCOMPARE(shown.pixelColor(28, 28), QColor(Qt::red));
+    QCOMPARE(shown.pixelColor(28, 1), QColor(Qt::red));
+    QCOMPARE(shown.pixelColor(0, 0).alpha(), 0);
+}
+
+void tst_SmallWidgets::clearedCoverHasNoPixmap()
+{
+    kit::CoverView cover;
+    cover.resize(56, 56);
+    QImage image(10, 10, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    cover.setImage(image);
+    cover.setImage(QImage());
+    QVERIFY(cover.pixmap(Qt::ReturnByValue).isNull());
+    QVERIFY(cover.image().isNull());
+    QVERIFY(cover.grab().toImage().pixelColor(28, 28) != QColor(Qt::red));
+}
+
+void tst_SmallWidgets::roundButtonIsPressedByKeyAndMouse()
+{
+    kit::RoundButton button;
+    button.resize(40, 40);
+    int clicks = 0;
+    connect(&button, &QPushButton::clicked, this, [&clicks] { ++clicks; });
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::keyClick(&button, Qt::Key_Space);
+    QCOMPARE(clicks, 2);
+    QVERIFY(button.focusPolicy() & Qt::TabFocus);
+    const QImage filled = button.grab().toImage();
+    button.setQuiet(true);
+    QVERIFY(button.grab().toImage() != filled);
+}
+
+void tst_SmallWidgets::autoResizeKeepsTheMargins()
+{
+    QWidget parent;
+    parent.resize(400, 300);
+    QWidget child(&parent);
+    child.setGeometry(10, 20, 300, 200);
+    kit::AutoResize::install(&child);
+    parent.show();
+    parent.resize(500, 250);
+    QCOMPARE(child.geometry(), QRect(10, 20, 400, 150));
+    parent.resize(400, 300);
+    QCOMPARE(child.geometry(), QRect(10, 20, 300, 200));
+}
+
+void tst_SmallWidgets::autoResizeFollowsANewParentAndAHiddenOne()
+{
+    auto child = std::make_unique<QWidget>();
+    kit::AutoResize::install(child.get());
+    QWidget parent;
+    parent.resize(400, 300);
+    child->setParent(&parent);
+    child->setGeometry(0, 0, 400, 220);
+    parent.show();
+    parent.hide();
+    parent.resize(500, 300);
+    parent.resize(600, 400); // told once, when it is shown
+    parent.show();
+    QCOMPARE(child->geometry(), QRect(0, 0, 600, 320));
+    child->setParent(nullptr);
+    parent.resize(100, 100);
+    QCOMPARE(child->size(), QSize(600, 320));
+}
+
+QTEST_MAIN(tst_SmallWidgets)
+#include "tst_small_widgets.moc"
