@@ -58,6 +58,42 @@ Bytes withInfo(std::uint32_t count, std::uint32_t delay, std::uint32_t padding, 
     return bytes;
 }
 
+Bytes box(const std::string &name, const Bytes &content)
+{
+    const auto size = static_cast<std::uint32_t>(content.size() + 8);
+    Bytes bytes{static_cast<std::uint8_t>(size >> 24U), static_cast<std::uint8_t>(size >> 16U),
+        static_cast<std::uint8_t>(size >> 8U), static_cast<std::uint8_t>(size)};
+    bytes.insert(bytes.end(), name.begin(), name.end());
+    bytes.insert(bytes.end(), content.begin(), content.end());
+    return bytes;
+}
+
+Bytes operator+(Bytes a, const Bytes &b)
+{
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+Bytes text(std::size_t zeros, const std::string &characters)
+{
+    Bytes bytes(zeros, 0);
+    bytes.insert(bytes.end(), characters.begin(), characters.end());
+    return bytes;
+}
+
+/// A track of 44.1 kHz whose list of edits begins at `editAt`, and tags with `field`.
+Bytes moov(std::uint8_t editAt, const std::string &field)
+{
+    const Bytes edits{0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 9, 9, 0, 0, editAt, 0, 0, 1, 0, 0};
+    Bytes media(12, 0);
+    media.insert(media.end(), {0, 0, 0xac, 0x44, 0, 0, 0, 0});
+    const Bytes track
+        = box("edts", box("elst", edits)) + box("mdia", box("mdhd", media) + box("hdlr", text(8, "soun")));
+    const Bytes entry = box("----", box("name", text(4, "iTunSMPB")) + box("data", text(8, field)));
+    const Bytes tags = box("udta", box("meta", text(4, "") + box("ilst", entry)));
+    return box("trak", text(20, "")) + box("trak", track) + tags;
+}
+
 class TemporaryFile
 {
 public:
@@ -165,6 +201,43 @@ TEST(EncoderDelay, FramesAreCountedBehindTagsAndAcrossDamage)
     const TemporaryFile file(bytes);
     EXPECT_EQ(encoderDelayOf(file.path()).total, 3000U * 1152U);
     EXPECT_EQ(encoderDelayOf(file.path()).front, 1105U);
+}
+
+TEST(EncoderDelay, TagsOfAnMp4SayHowMuch)
+{
+    const std::string field = " 00000000 00000840 000001CA 00000000003F31F6 00000000";
+    const EncoderDelay delay = media::encoderDelayOfMp4(moov(0, field));
+    EXPECT_EQ(delay.sampleRate, 44100U);
+    EXPECT_EQ(delay.front, 0x840U);
+    EXPECT_EQ(delay.behind, 0x1caU);
+    EXPECT_EQ(delay.total, 0x840U + 0x3f31f6U + 0x1caU);
+}
+
+TEST(EncoderDelay, AnEditOfAnMp4IsTheLibrarysBusiness)
+{
+    EXPECT_EQ(media::encoderDelayOfMp4(moov(8, " 0 840 1CA 3F31F6")).front, 0U);
+}
+
+TEST(EncoderDelay, TagsOfAnMp4ThatMakeNoSense)
+{
+    for (const char *field : {"", " ", " 0", " 0 840", " 0 840 1CA", " 0 840 1CA 0", " 0 84x 1CA 3F31F6",
+             " 0 FFFFFFFF 0 3F31F6", " 0 -1 0 3F31F6", " 0 840 1CA 3F31F6FFFFFFFFFFFFFFFF"}) {
+        EXPECT_EQ(media::encoderDelayOfMp4(moov(0, field)).sampleRate, 0U) << field;
+    }
+}
+
+TEST(EncoderDelay, AnyMp4IsRead)
+{
+    std::mt19937 random(2);
+    const Bytes whole = moov(0, " 00000000 00000840 000001CA 00000000003F31F6");
+    for (int round = 0; round < 3000; ++round) {
+        Bytes bytes = whole;
+        for (unsigned changes = random() % 8; changes > 0; --changes) {
+            bytes.at(random() % bytes.size()) = static_cast<std::uint8_t>(random());
+        }
+        bytes.resize(random() % (bytes.size() + 1));
+        EXPECT_LE(media::encoderDelayOfMp4(bytes).front, 8192U);
+    }
 }
 
 TEST(EncoderDelay, WindowsMediaAudioHoldsBackOneBlock)
