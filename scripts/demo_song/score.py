@@ -60,13 +60,16 @@ def total_beats():
 
 
 def lyric():
-    """What the file's lyric field carries: two ID tags and the words, none of them timed."""
-    return "\n".join([f"[ti:{TITLE}]", f"[ar:{ARTIST}]"] + LINES) + "\n"
+    """What the file's lyric field carries: the words, none of them timed.
+
+    The first line is the first to be sung, so that the first press of Enter stamps it.
+    """
+    return "\n".join(LINES) + "\n"
 
 
 def onsets_table():
     """One row for each sung line: its row in the lyric (from 1), its onset in s, its words."""
     rows = ["row\tseconds\ttext"]
     for index, (beat, text) in enumerate(zip(line_beats(), LINES)):
-        rows.append(f"{index + 3}\t{sample_at(beat) / SAMPLE_RATE:.6f}\t{text}")
+        rows.append(f"{index + 1}\t{sample_at(beat) / SAMPLE_RATE:.6f}\t{text}")
     return "\n".join(rows) + "\n"

@@ -313,7 +313,7 @@ void tst_TextViews::labelIsDrawnAsItsBase()
 {
     RBNoResponseTextFiled ours;
     kit::FiguresLabel plain;
-    for (QLabel *const label : {static_cast<QLabel *>(&ours), &plain}) {
+    for (QLabel *const label : {static_cast<QLabel *>(&ours), static_cast<QLabel *>(&plain)}) {
         label->setText("[01:07.42]");
         label->resize(120, 30);
     }
