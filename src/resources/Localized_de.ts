@@ -131,5 +131,89 @@
         <source>Close the preview</source>
         <translation>Vorschau schließen</translation>
     </message>
+    <message>
+        <source>Offset in seconds</source>
+        <translation>Versatz in Sekunden</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message>
+        <source>Line editor</source>
+        <translation>Zeileneditor</translation>
+    </message>
+    <message>
+        <source>Stamp the play position onto the selected line and go to the next (Enter)</source>
+        <translation>Die Wiedergabeposition in die gewählte Zeile stempeln und zur nächsten gehen (Eingabetaste)</translation>
+    </message>
+    <message>
+        <source>Stamp</source>
+        <translation>Stempeln</translation>
+    </message>
+    <message>
+        <source>Play position</source>
+        <translation>Wiedergabeposition</translation>
+    </message>
+    <message>
+        <source>Stamp · Enter</source>
+        <translation>Stempeln · Eingabe</translation>
+    </message>
+    <message>
+        <source>Make the selected line the title</source>
+        <translation>Die gewählte Zeile zum Titel machen</translation>
+    </message>
+    <message>
+        <source>Make the selected line the artist</source>
+        <translation>Die gewählte Zeile zum Interpreten machen</translation>
+    </message>
+    <message>
+        <source>Make the selected line the album</source>
+        <translation>Die gewählte Zeile zum Album machen</translation>
+    </message>
+    <message>
+        <source>Make the selected line the one who edited the lyric</source>
+        <translation>Die gewählte Zeile zum Bearbeiter des Liedtextes machen</translation>
+    </message>
+    <message>
+        <source>Edited by</source>
+        <translation>Bearbeiter</translation>
+    </message>
+    <message>
+        <source>Take the times and tags off the selected lines (Delete)</source>
+        <translation>Zeiten und Marken der gewählten Zeilen entfernen (Entf)</translation>
+    </message>
+    <message>
+        <source>Untag</source>
+        <translation>Ohne Marke</translation>
+    </message>
+    <message>
+        <source>Take the times and tags off all lines</source>
+        <translation>Zeiten und Marken aller Zeilen entfernen</translation>
+    </message>
+    <message>
+        <source>Untag all</source>
+        <translation>Alle ohne</translation>
+    </message>
+    <message>
+        <source>Shift the times of all lines</source>
+        <translation>Die Zeiten aller Zeilen verschieben</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>Go back to the lyric as it was loaded</source>
+        <translation>Zum Liedtext zurückkehren, wie er geladen wurde</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Lyric lines</source>
+        <translation>Liedzeilen</translation>
+    </message>
 </context>
 </TS>

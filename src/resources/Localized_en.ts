@@ -131,5 +131,89 @@
         <source>Close the preview</source>
         <translation>Close the preview</translation>
     </message>
+    <message>
+        <source>Offset in seconds</source>
+        <translation>Offset in seconds</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>seconds</translation>
+    </message>
+    <message>
+        <source>Line editor</source>
+        <translation>Line editor</translation>
+    </message>
+    <message>
+        <source>Stamp the play position onto the selected line and go to the next (Enter)</source>
+        <translation>Stamp the play position onto the selected line and go to the next (Enter)</translation>
+    </message>
+    <message>
+        <source>Stamp</source>
+        <translation>Stamp</translation>
+    </message>
+    <message>
+        <source>Play position</source>
+        <translation>Play position</translation>
+    </message>
+    <message>
+        <source>Stamp · Enter</source>
+        <translation>Stamp · Enter</translation>
+    </message>
+    <message>
+        <source>Make the selected line the title</source>
+        <translation>Make the selected line the title</translation>
+    </message>
+    <message>
+        <source>Make the selected line the artist</source>
+        <translation>Make the selected line the artist</translation>
+    </message>
+    <message>
+        <source>Make the selected line the album</source>
+        <translation>Make the selected line the album</translation>
+    </message>
+    <message>
+        <source>Make the selected line the one who edited the lyric</source>
+        <translation>Make the selected line the one who edited the lyric</translation>
+    </message>
+    <message>
+        <source>Edited by</source>
+        <translation>Edited by</translation>
+    </message>
+    <message>
+        <source>Take the times and tags off the selected lines (Delete)</source>
+        <translation>Take the times and tags off the selected lines (Delete)</translation>
+    </message>
+    <message>
+        <source>Untag</source>
+        <translation>Untag</translation>
+    </message>
+    <message>
+        <source>Take the times and tags off all lines</source>
+        <translation>Take the times and tags off all lines</translation>
+    </message>
+    <message>
+        <source>Untag all</source>
+        <translation>Untag all</translation>
+    </message>
+    <message>
+        <source>Shift the times of all lines</source>
+        <translation>Shift the times of all lines</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>Offset</translation>
+    </message>
+    <message>
+        <source>Go back to the lyric as it was loaded</source>
+        <translation>Go back to the lyric as it was loaded</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Restore</translation>
+    </message>
+    <message>
+        <source>Lyric lines</source>
+        <translation>Lyric lines</translation>
+    </message>
 </context>
 </TS>

@@ -7,6 +7,7 @@
 #include "support/RecordingStandIns.h"
 
 #include <QtCore/QLocale>
+#include <QtGui/QAccessible>
 #include <QtTest/QTest>
 
 #include <cmath>
@@ -480,7 +481,10 @@ void tst_MiniPlayer::controlsHaveNamesTipsAndTabStops()
         QVERIFY(!control->toolTip().isEmpty());
         QVERIFY(control->focusPolicy() & Qt::TabFocus);
     }
-    QVERIFY(!m_strip->lblPlayerTime()->accessibleName().isEmpty());
+    // A label is called what it says.
+    QCOMPARE(
+        QAccessible::queryAccessibleInterface(m_strip->lblPlayerTime())->text(QAccessible::Name), time());
+    QVERIFY(!m_strip->lblPlayerTime()->accessibleDescription().isEmpty());
     QVERIFY(!m_strip->albumImgView()->accessibleName().isEmpty());
     QWidget *next = m_strip->btnPlay()->nextInFocusChain();
     while (!(next->focusPolicy() & Qt::TabFocus))

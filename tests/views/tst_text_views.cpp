@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "kit/FiguresLabel.h"
 #include "kit/FormLoader.h"
 #include "support/QtWarnings.h"
 #include "views/RBMenuDisabledTextView.h"
@@ -86,7 +87,7 @@ private Q_SLOTS:
     void selectionIsGreenOnNoGround();
     void paletteOfTheFormStillReachesTheLyric();
     void clickOnTheLabelReachesTheButton();
-    void labelIsDrawnAsALabel();
+    void labelIsDrawnAsItsBase();
 };
 
 void tst_TextViews::caretIsThreeWideHoweverItIsMade()
@@ -308,11 +309,11 @@ void tst_TextViews::clickOnTheLabelReachesTheButton()
     QCOMPARE(window.childAt(100, 50), &button);
 }
 
-void tst_TextViews::labelIsDrawnAsALabel()
+void tst_TextViews::labelIsDrawnAsItsBase()
 {
     RBNoResponseTextFiled ours;
-    QLabel plain;
-    for (QLabel *const label : {static_cast<QLabel *>(&ours), &plain}) {
+    kit::FiguresLabel plain;
+    for (QLabel *const label : {static_cast<QLabel *>(&ours), static_cast<QLabel *>(&plain)}) {
         label->setText("[01:07.42]");
         label->resize(120, 30);
     }
