@@ -86,4 +86,8 @@ function(tqlrc_bench name)
     target_link_libraries(bench_${name} PRIVATE tqlrc_options ${arg_LINKS} benchmark::benchmark)
     set_target_properties(bench_${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+    if(NOT TARGET benchmarks)
+        add_custom_target(benchmarks)
+    endif()
+    add_dependencies(benchmarks bench_${name})
 endfunction()

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/DeskWindow.h"
 
-#include "editor/TQLRCEditorViewCtl.h"
 #include "host/Playback.h"
 #include "host/Song.h"
 #include "media/items/TaggedAudioFile.h"
 #include "media/player/Player.h"
-#include "player/RBPlayingBgView.h"
-#include "player/TQLRCEditorMiniPlayerViewCtl.h"
 #include "shell/TQWLRCEditorViewCtl.h"
 
 #include <QtCore/QFileInfo>
@@ -90,7 +87,7 @@ void DeskWindow::wirePlayer()
         if (m_song && m_player->playingMusic() == m_song) {
             // Decoding knows the length better than the file's headers; the strip takes it over.
             m_song->setKnownDuration(seconds);
-            m_component->playerViewCtl()->flushWithAudioItem(m_song);
+            m_component->refreshItemProperties();
         }
     });
 }
@@ -153,7 +150,7 @@ bool DeskWindow::save()
 
 bool DeskWindow::hasUnsavedChanges() const
 {
-    const QByteArray text = m_component->editorViewCtl()->songText();
+    const QByteArray text = m_component->songText();
     return m_song ? m_song->isDirty() || text != m_song->lyric() : !text.isEmpty();
 }
 
@@ -244,8 +241,8 @@ bool DeskWindow::isSongDrop(QObject *watched, const QMimeData *dragged) const
         return false;
     }
     const QString path = firstLocalFile(dragged);
-    const auto *strip = qobject_cast<const RBPlayingBgView *>(widget);
-    return looksLikeSong(path) || (strip && strip->dropEnabled() && !path.isEmpty());
+    // The player strip takes some files whose names say less, and takes them by itself.
+    return looksLikeSong(path) || (widget->inherits("RBPlayingBgView") && !path.isEmpty());
 }
 
 bool DeskWindow::eventFilter(QObject *watched, QEvent *event)

@@ -14,15 +14,6 @@ std::string_view LineEndCount::prevailing() const
     return crlf >= cr ? "\r\n" : "\r";
 }
 
-std::string_view lineEndOf(std::string_view spelling)
-{
-    if (spelling.empty() || (spelling.back() != '\n' && spelling.back() != '\r'))
-        return {};
-    const bool isPair
-        = spelling.size() >= 2 && spelling.back() == '\n' && spelling[spelling.size() - 2] == '\r';
-    return spelling.substr(spelling.size() - (isPair ? 2 : 1));
-}
-
 std::size_t countLineEndBytes(std::string_view text)
 {
     // Counted in bytes, 240 at a time, so that the compiler can compare many at once.

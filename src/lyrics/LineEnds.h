@@ -27,7 +27,14 @@ struct LineEndCount
 };
 
 /// The line end that `spelling` closes with: LF, CRLF, CR, or empty when it has none.
-[[nodiscard]] std::string_view lineEndOf(std::string_view spelling);
+[[nodiscard]] inline std::string_view lineEndOf(std::string_view spelling)
+{
+    const std::size_t size = spelling.size();
+    if (size == 0 || (spelling[size - 1] != '\n' && spelling[size - 1] != '\r'))
+        return {};
+    const bool isPair = size >= 2 && spelling[size - 1] == '\n' && spelling[size - 2] == '\r';
+    return spelling.substr(size - (isPair ? 2 : 1));
+}
 
 /// How many bytes of `text` may begin or make up a line end: no text has more line ends than that.
 [[nodiscard]] std::size_t countLineEndBytes(std::string_view text);

@@ -149,8 +149,10 @@ void Reader::addTime(RBSongLine &line, std::int64_t millis)
         LineAccess::addReadTime(line, millis);
         return;
     }
-    if (m_manyTimes.empty())
-        m_manyTimes.assign(times.begin(), times.end());
+    if (m_manyTimes.empty()) {
+        for (const std::int64_t earlier : times)
+            m_manyTimes.push_back(earlier);
+    }
     m_manyTimes.push_back(millis);
 }
 

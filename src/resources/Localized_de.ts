@@ -133,7 +133,7 @@
     </message>
     <message>
         <source>Offset in seconds</source>
-        <translation>Versatz in Sekunden</translation>
+        <translation>Verschiebung in Sekunden</translation>
     </message>
     <message>
         <source>seconds</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Stamp the play position onto the selected line and go to the next (Enter)</source>
-        <translation>Die Wiedergabeposition in die gewählte Zeile stempeln und zur nächsten gehen (Eingabetaste)</translation>
+        <translation>Die Abspielposition auf die gewählte Zeile stempeln und zur nächsten gehen (Eingabetaste)</translation>
     </message>
     <message>
         <source>Stamp</source>
@@ -153,7 +153,7 @@
     </message>
     <message>
         <source>Play position</source>
-        <translation>Wiedergabeposition</translation>
+        <translation>Abspielposition</translation>
     </message>
     <message>
         <source>Stamp · Enter</source>
@@ -173,27 +173,27 @@
     </message>
     <message>
         <source>Make the selected line the one who edited the lyric</source>
-        <translation>Die gewählte Zeile zum Bearbeiter des Liedtextes machen</translation>
+        <translation>Die gewählte Zeile zum Bearbeiter des Liedtexts machen</translation>
     </message>
     <message>
         <source>Edited by</source>
-        <translation>Bearbeiter</translation>
+        <translation>Bearbeitet von</translation>
     </message>
     <message>
         <source>Take the times and tags off the selected lines (Delete)</source>
-        <translation>Zeiten und Marken der gewählten Zeilen entfernen (Entf)</translation>
+        <translation>Zeiten und Angaben von den gewählten Zeilen nehmen (Entf)</translation>
     </message>
     <message>
         <source>Untag</source>
-        <translation>Ohne Marke</translation>
+        <translation>Lösen</translation>
     </message>
     <message>
         <source>Take the times and tags off all lines</source>
-        <translation>Zeiten und Marken aller Zeilen entfernen</translation>
+        <translation>Zeiten und Angaben von allen Zeilen nehmen</translation>
     </message>
     <message>
         <source>Untag all</source>
-        <translation>Alle ohne</translation>
+        <translation>Alle lösen</translation>
     </message>
     <message>
         <source>Shift the times of all lines</source>

@@ -193,6 +193,18 @@ void TQWLRCEditorViewCtl::commitEditing()
     }
 }
 
+QByteArray TQWLRCEditorViewCtl::songText()
+{
+    return editorViewCtl()->songText();
+}
+
+void TQWLRCEditorViewCtl::refreshItemProperties()
+{
+    if (m_playerViewCtl) {
+        m_playerViewCtl->flushWithAudioItem(m_audioFile);
+    }
+}
+
 bool TQWLRCEditorViewCtl::isPlaying() const
 {
     return m_mcPlayer && m_mcPlayer->isPlaying() && m_mcPlayer->playingMusic() == m_audioFile;

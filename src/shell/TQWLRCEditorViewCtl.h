@@ -49,6 +49,12 @@ public:
     /// Writes the edited lyric into the item (not to disk) when it differs from the item's.
     /// True when it was written; the delegate is told then.
     bool serializeToAudioItem();
+    /// The lyric as it stands in the editor, LRC text in UTF-8: what `serializeToAudioItem` would
+    /// write. A host compares it with what it saved last. Does not commit an open cell editor.
+    [[nodiscard]] QByteArray songText();
+    /// Shows the item's title, cover and length anew, after the host learnt better. The lyric and
+    /// the player are left alone.
+    void refreshItemProperties();
     /// True when the player plays this very item.
     [[nodiscard]] bool isPlaying() const;
     /// True when this very item is the player's, playing or paused.

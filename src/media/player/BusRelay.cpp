@@ -122,12 +122,11 @@ void BusRelay::handle(GstMessage *message)
 
 void BusRelay::handleArrival()
 {
-    if (!m_delay) {
-        // Here, because this thread may wait for a disk and the GUI thread may not.
-        m_delay = encoderDelayOf(std::filesystem::path(QFile::encodeName(m_path).toStdString()));
-    }
+    // Here, because this thread may wait for a disk and the GUI thread may not.
+    std::call_once(m_delayOnce,
+        [this] { m_delay = encoderDelayOf(std::filesystem::path(QFile::encodeName(m_path).toStdString())); });
     const unsigned seeks = m_seeks;
-    post([seeks, delay = *m_delay](Pipeline &pipeline) { pipeline.onSettled(seeks, delay); });
+    post([seeks, delay = m_delay](Pipeline &pipeline) { pipeline.onSettled(seeks, delay); });
 }
 
 void BusRelay::handleError(GstMessage *message)

@@ -10,7 +10,6 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
-#include <optional>
 
 namespace media {
 
@@ -51,7 +50,8 @@ private:
     std::mutex m_mutex;
     Pipeline *m_target;
     QString m_missingDecoder;
-    std::optional<EncoderDelay> m_delay;
+    std::once_flag m_delayOnce;
+    EncoderDelay m_delay;
 
     const QString m_path;
     GstElement *m_pipeline = nullptr;

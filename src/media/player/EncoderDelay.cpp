@@ -2,6 +2,7 @@
 #include "media/player/EncoderDelay.h"
 
 #include "media/player/ByteSource.h"
+#include "media/player/Mp4Atoms.h"
 #include "media/player/MpegFrame.h"
 #include "media/player/MpegLength.h"
 
@@ -139,6 +140,9 @@ EncoderDelay encoderDelayOf(const std::filesystem::path &path)
     }
     if (bytes[0] == 0x30 && bytes[1] == 0x26) {
         return encoderDelayOfAsf(bytes);
+    }
+    if (textAt(bytes, 4, 4) == "ftyp") {
+        return encoderDelayOfMp4(readMoov(file));
     }
     // Only a stream that begins here: inside other containers a sync word is chance.
     if (begin == 0 && !readMpegFrame(bytes)) {

@@ -45,6 +45,10 @@ private:
 /// The same for the beginning of an MPEG audio stream, after any ID3v2 tag.
 [[nodiscard]] EncoderDelay encoderDelayOfMpeg(std::span<const std::uint8_t> start);
 
+/// The same for the content of an MPEG-4 file's "moov": what an encoder says in the tags and not
+/// in the list of edits, which the library follows.
+[[nodiscard]] EncoderDelay encoderDelayOfMp4(std::span<const std::uint8_t> moov);
+
 /// The same for the header of an ASF file.
 [[nodiscard]] EncoderDelay encoderDelayOfAsf(std::span<const std::uint8_t> start);
 

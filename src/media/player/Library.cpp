@@ -3,6 +3,8 @@
 
 #include "media/player/GstPointers.h"
 
+#include <QtCore/QThreadPool>
+
 namespace media {
 
 bool startLibrary()
@@ -14,6 +16,11 @@ bool startLibrary()
         return good;
     }();
     return started;
+}
+
+void startLibraryAhead()
+{
+    QThreadPool::globalInstance()->start([] { startLibrary(); });
 }
 
 } // namespace media

@@ -43,6 +43,7 @@ Player::Player(PlayerOutput output)
     m_ticker.setTimerType(Qt::PreciseTimer);
     m_ticker.setInterval(kTickMillis);
     connect(&m_ticker, &QTimer::timeout, this, &Player::tick);
+    startLibraryAhead();
 }
 
 Player::~Player() = default;

@@ -37,6 +37,8 @@ public:
         return offset < m_bytes.size() ? m_bytes.substr(std::size_t(offset), count) : std::string();
     }
     [[nodiscard]] const std::string &bytes() const { return m_bytes; }
+    /// Hands the bytes over; none are left.
+    [[nodiscard]] std::string release() { return std::exchange(m_bytes, {}); }
 
 private:
     std::string m_bytes;

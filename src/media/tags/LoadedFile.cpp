@@ -14,6 +14,8 @@ namespace tags {
 
 namespace {
 
+constexpr std::size_t kBlockBytes = 1U << 20;
+
 /// A file too large for memory, read where it is asked for.
 class FileSource final : public ByteSource
 {
@@ -69,17 +71,6 @@ int openRetrying(const std::string &path, SystemCalls &system)
     return fd;
 }
 
-FileState stateOf(const struct stat &status)
-{
-    FileState state;
-    state.device = status.st_dev;
-    state.inode = status.st_ino;
-    state.size = std::uint64_t(status.st_size);
-    state.modifiedSeconds = status.st_mtim.tv_sec;
-    state.modifiedNanoseconds = status.st_mtim.tv_nsec;
-    return state;
-}
-
 std::optional<Failure> refusal(const struct stat &status)
 {
     if (S_ISDIR(status.st_mode))
@@ -89,6 +80,23 @@ std::optional<Failure> refusal(const struct stat &status)
     if (std::uint64_t(status.st_size) > kMaxReadBytes)
         return Failure{Reason::TooLarge, "The file is larger than 2 GiB, which is more than can be opened."};
     return std::nullopt;
+}
+
+/// The hash of the content, a block at a time.
+Outcome<std::uint64_t> contentHash(int fd, std::uint64_t size, SystemCalls &system)
+{
+    std::string block(std::size_t(std::min<std::uint64_t>(size, kBlockBytes)), '\0');
+    std::uint64_t hash = fnv1a({});
+    for (std::uint64_t at = 0; at < size;) {
+        const ssize_t got = readAll(fd, block.data(), block.size(), at, system);
+        if (got < 0)
+            return systemFailure(errno, "read");
+        if (got == 0)
+            break;
+        hash = fnv1a(std::string_view(block).substr(0, std::size_t(got)), hash);
+        at += std::uint64_t(got);
+    }
+    return hash;
 }
 
 /// The whole content; shorter than `size` when somebody cut the file meanwhile.
@@ -116,15 +124,44 @@ int Descriptor::close()
     return fd < 0 ? 0 : m_system.close(fd);
 }
 
+FileState stateOf(const struct stat &status)
+{
+    FileState state;
+    state.device = status.st_dev;
+    state.inode = status.st_ino;
+    state.size = std::uint64_t(status.st_size);
+    state.modifiedSeconds = status.st_mtim.tv_sec;
+    state.modifiedNanoseconds = status.st_mtim.tv_nsec;
+    return state;
+}
+
 Failure systemFailure(int error, const std::string &what)
 {
     const std::string why = std::generic_category().message(error);
     if (error == ENOENT || error == ENOTDIR)
-        return {Reason::Missing, "The file is not there any more. (" + why + ")"};
+        return {Reason::Missing, "The file is not there. (" + why + ")"};
     if (error == EACCES || error == EPERM)
         return {Reason::NoPermission,
             "You do not have permission: the file could not be " + what + ". (" + why + ")"};
     return {Reason::SystemError, "The file could not be " + what + ". (" + why + ")"};
+}
+
+Outcome<FileState> currentState(const std::string &path, SystemCalls &system)
+{
+    const Descriptor file(openRetrying(path, system), system);
+    struct stat status = {};
+    if (file.get() < 0 || system.fstat(file.get(), &status) != 0)
+        return systemFailure(errno, "read");
+    if (auto failure = refusal(status))
+        return *failure;
+    FileState state = stateOf(status);
+    if (state.size > kMaxSaveBytes)
+        return state;
+    const Outcome<std::uint64_t> hash = contentHash(file.get(), state.size, system);
+    if (!hash.ok())
+        return hash.failure();
+    state.hash = hash.value();
+    return state;
 }
 
 Outcome<LoadedFile> load(const std::string &path, SystemCalls &system)

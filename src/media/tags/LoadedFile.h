@@ -42,6 +42,12 @@ struct LoadedFile
 /// Opens the regular file at `path`, without waiting for anybody, and takes its content and state.
 [[nodiscard]] Outcome<LoadedFile> load(const std::string &path, SystemCalls &system);
 
+/// The state that `status` tells of; without a hash.
+[[nodiscard]] FileState stateOf(const struct stat &status);
+
+/// The state of the file at `path` now, as load() would tell it, without holding its content.
+[[nodiscard]] Outcome<FileState> currentState(const std::string &path, SystemCalls &system);
+
 /// The refusal for `error`, a value of `errno`, when `what` ("read", "written", …) was tried.
 [[nodiscard]] Failure systemFailure(int error, const std::string &what);
 

@@ -11,7 +11,7 @@ namespace tags {
 namespace {
 
 constexpr int kMaxDepth = 32;
-constexpr std::size_t kMaxAtoms = 200000;
+constexpr std::size_t kMaxAtoms = 150000;
 
 constexpr std::array<std::string_view, 11> kContainers
     = {"moov", "udta", "mdia", "meta", "ilst", "stbl", "minf", "moof", "traf", "trak", "stsd"};

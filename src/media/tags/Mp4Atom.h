@@ -31,7 +31,7 @@ struct Mp4Atom
 
 /// All atoms of `source` under one that stands for the file.
 ///
-/// Refused: deeper than 32 levels or more than 200,000 of them (both would exhaust whoever
+/// Refused: deeper than 32 levels or more than 150,000 of them (both would exhaust whoever
 /// walks them), an atom that does not fit into the one around it.
 [[nodiscard]] Outcome<Mp4Atom> parseMp4Atoms(const ByteSource &source);
 

@@ -3,6 +3,7 @@
 #include "media/tags/Container.h"
 #include "media/tags/Id3v2Lyrics.h"
 #include "media/tags/Id3v2Tag.h"
+#include "media/tags/MpegFrame.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,8 +17,8 @@ namespace {
 class MpegContainer final : public Container
 {
 public:
-    MpegContainer(Id3v2Tag tag, std::uint64_t size)
-        : m_tag(std::move(tag)), m_lyrics(lyricsOf(m_tag)), m_size(size)
+    MpegContainer(Id3v2Tag tag, std::uint64_t size, bool hasTagBehindJunk)
+        : m_tag(std::move(tag)), m_lyrics(lyricsOf(m_tag)), m_size(size), m_hasTagBehindJunk(hasTagBehindJunk)
     { }
 
     [[nodiscard]] std::vector<LyricField> lyricFields() const override;
@@ -30,6 +31,7 @@ private:
     Id3v2Tag m_tag;
     std::vector<Id3v2Lyric> m_lyrics;
     std::uint64_t m_size;
+    bool m_hasTagBehindJunk;
 };
 
 std::vector<LyricField> MpegContainer::lyricFields() const
@@ -60,6 +62,11 @@ std::vector<std::string> MpegContainer::otherFields() const
 
 Outcome<Edit> MpegContainer::withLyric(std::optional<std::size_t> field, std::string_view text) const
 {
+    if (m_hasTagBehindJunk) {
+        return Failure{Reason::Unsupported,
+            "The file does not begin with its tag but with something else, so it cannot be edited without "
+            "hiding that tag."};
+    }
     Id3v2Tag edited = m_tag;
     const std::optional<Id3v2Lyric> lyric = field ? std::optional(m_lyrics.at(*field)) : std::nullopt;
     if (std::optional<Failure> failure = setLyric(edited, lyric, text))
@@ -70,6 +77,13 @@ Outcome<Edit> MpegContainer::withLyric(std::optional<std::size_t> field, std::st
     return Edit{{0, m_tag.bytes, std::move(bytes.value())}};
 }
 
+/// A tag that does not stand at the start is found by some readers, until there is one at the start.
+bool hasTagBehindJunk(const ByteSource &source)
+{
+    const std::uint64_t junk = firstMpegFrame(source, 0, false).value_or(0);
+    return source.read(0, std::size_t(junk)).find("ID3") != std::string::npos;
+}
+
 } // namespace
 
 ContainerOutcome parseMpeg(const ByteSource &source)
@@ -77,7 +91,9 @@ ContainerOutcome parseMpeg(const ByteSource &source)
     Outcome<Id3v2Tag> tag = Id3v2Tag::parse(source);
     if (!tag.ok())
         return tag.failure();
-    return ContainerOutcome(std::make_shared<MpegContainer>(std::move(tag.value()), source.size()));
+    const bool behindJunk = tag.value().bytes == 0 && hasTagBehindJunk(source);
+    return ContainerOutcome(
+        std::make_shared<MpegContainer>(std::move(tag.value()), source.size(), behindJunk));
 }
 
 } // namespace tags

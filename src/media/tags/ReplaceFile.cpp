@@ -143,10 +143,16 @@ bool takeOver(const std::string &path, const struct stat &status, int to, System
     return system.fchmod(to, status.st_mode & 07777) == 0;
 }
 
-bool isUnchanged(const std::string &path, const FileState &expected, SystemCalls &system)
+std::optional<Failure> changedMeanwhile(
+    const std::string &path, const FileState &expected, SystemCalls &system)
 {
-    const Outcome<LoadedFile> now = load(path, system);
-    return now.ok() && now.value().state == expected;
+    const Outcome<FileState> now = currentState(path, system);
+    if (!now.ok())
+        return now.failure();
+    if (now.value() == expected)
+        return std::nullopt;
+    return Failure{Reason::ChangedMeanwhile,
+        "Another program changed the file meanwhile, so it was left alone. Open it again to see its lyric."};
 }
 
 /// The temporary, complete and on the disk.
@@ -170,19 +176,24 @@ std::string syncFolder(const std::string &folder, SystemCalls &system)
         + std::generic_category().message(errno) + ")";
 }
 
-FileState newState(int fd, const std::string &bytes, SystemCalls &system)
+/// What the next save will expect; null when the system does not tell.
+std::optional<FileState> newState(int fd, const std::string &bytes, SystemCalls &system)
 {
-    FileState state;
     struct stat status = {};
-    if (system.fstat(fd, &status) == 0) {
-        state.device = status.st_dev;
-        state.inode = status.st_ino;
-        state.modifiedSeconds = status.st_mtim.tv_sec;
-        state.modifiedNanoseconds = status.st_mtim.tv_nsec;
-    }
-    state.size = bytes.size();
+    if (system.fstat(fd, &status) != 0)
+        return std::nullopt;
+    FileState state = stateOf(status);
     state.hash = fnv1a(bytes);
     return state;
+}
+
+Failure noRoomBeside(int error)
+{
+    if (error != EACCES && error != EPERM && error != EROFS)
+        return systemFailure(error, "written");
+    return {Reason::NoPermission,
+        "The folder of the file does not allow new files in it, which saving safely needs. ("
+            + std::generic_category().message(error) + ")"};
 }
 
 std::string linkRemark(const struct stat &status)
@@ -200,23 +211,20 @@ Outcome<Replaced> replaceFile(
     sweep(folder, system);
     const std::unique_ptr<Temporary> temporary = makeTemporary(folder, system);
     if (!temporary)
-        return systemFailure(errno, "written");
+        return noRoomBeside(errno);
     if (auto failure = fill(*temporary, path, bytes, old.status, system))
         return *failure;
-    Replaced replaced = {newState(temporary->fd(), bytes, system), linkRemark(old.status)};
+    const std::optional<FileState> state = newState(temporary->fd(), bytes, system);
+    if (!state)
+        return systemFailure(errno, "written");
     if (temporary->close() != 0 && errno != EINTR)
         return systemFailure(errno, "written");
-    if (!isUnchanged(path, old.state, system)) {
-        return Failure{Reason::ChangedMeanwhile,
-            "Another program changed the file meanwhile, so it was left alone. Open it again to see its "
-            "lyric."};
-    }
+    if (auto failure = changedMeanwhile(path, old.state, system))
+        return *failure;
     if (temporary->rename(path) != 0)
         return systemFailure(errno, "written");
     const std::string remark = syncFolder(folder, system);
-    if (!remark.empty())
-        replaced.remark = remark;
-    return replaced;
+    return Replaced{*state, remark.empty() ? linkRemark(old.status) : remark};
 }
 
 } // namespace tags

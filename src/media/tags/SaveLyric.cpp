@@ -76,7 +76,7 @@ Outcome<std::optional<std::string>> editedContent(
     MemorySource edited(applied(old.bytes(), edit.value()));
     if (auto failure = differsFrom(old, *container.value(), edited, format.value(), {field, lyric}, name))
         return *failure;
-    return std::optional(edited.bytes());
+    return std::optional(edited.release());
 }
 
 } // namespace

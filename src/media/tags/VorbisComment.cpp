@@ -14,6 +14,9 @@ namespace {
 constexpr std::array<std::string_view, 4> kLyricKeys
     = {"LYRICS", "SYNCEDLYRICS", "UNSYNCEDLYRICS", "UNSYNCED LYRICS"};
 
+/// No song has as many, and a library that maps them by key takes a gigabyte for some millions.
+constexpr std::uint64_t kMaxEntries = 100000;
+
 /// A string with its length before it, at `at`, which moves behind it; null when it does not fit.
 std::optional<std::string_view> take(std::string_view bytes, std::size_t &at)
 {
@@ -58,6 +61,8 @@ std::optional<VorbisComment> VorbisComment::parse(std::string_view bytes)
     comment.vendor = *vendor;
     const std::uint64_t count = littleEndian(bytes, at, 4);
     at += 4;
+    if (count > kMaxEntries)
+        return std::nullopt;
     for (std::uint64_t i = 0; i < count; ++i) {
         const std::optional<std::string_view> entry = take(bytes, at);
         if (!entry)

@@ -20,7 +20,7 @@ struct VorbisComment
     std::vector<std::string> entries; ///< "KEY=value", in file order
     std::string rest; ///< what follows the last entry (framing bit, padding)
 
-    /// Null when the counts in `bytes` do not fit into it.
+    /// Null when the counts in `bytes` do not fit into it, or exceed 100,000 entries.
     [[nodiscard]] static std::optional<VorbisComment> parse(std::string_view bytes);
     [[nodiscard]] std::string render() const;
 };

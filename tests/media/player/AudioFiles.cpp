@@ -47,6 +47,29 @@ bool writeWave(const QString &path, const std::vector<float> &samples)
     return stream.status() == QDataStream::Ok;
 }
 
+QByteArray withGaplessField(QByteArray file, const QByteArray &text)
+{
+    const auto number = [](qsizetype value) {
+        QByteArray bytes;
+        QDataStream(&bytes, QIODevice::WriteOnly) << static_cast<quint32>(value);
+        return bytes;
+    };
+    const auto box = [&](const char *name, const QByteArray &content) {
+        return number(content.size() + 8) + name + content;
+    };
+    const QByteArray zero(4, 0);
+    const QByteArray field = box("----",
+        box("mean", zero + "com.apple.iTunes") + box("name", zero + "iTunSMPB")
+            + box("data", number(1) + zero + text));
+    for (const char *parent : {"moov", "udta", "meta", "ilst"}) {
+        const qsizetype at = file.lastIndexOf(parent) - 4;
+        quint32 size = 0;
+        QDataStream(file.mid(at, 4)) >> size;
+        file.replace(at, 4, number(static_cast<qsizetype>(size) + field.size()));
+    }
+    return file + field;
+}
+
 bool encode(
     const QString &source, const QString &target, const QStringList &options, const QStringList &inputs)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
@@ -22,5 +23,9 @@ bool writeWave(const QString &path, const std::vector<float> &samples);
 /// and `inputs` behind the source. False, with a warning, when the coder fails.
 bool encode(const QString &source, const QString &target, const QStringList &options = {},
     const QStringList &inputs = {});
+
+/// The bytes of an MPEG-4 file, whose tags come last, with one more tag: what some encoders write
+/// instead of a list of edits.
+[[nodiscard]] QByteArray withGaplessField(QByteArray file, const QByteArray &text);
 
 } // namespace audiofiles

@@ -258,6 +258,58 @@ private Q_SLOTS:
         QCOMPARE(m_recorder->positions.back(), kSeconds);
     }
 
+    void whoRegistersAfterLoadingHearsThePosition()
+    {
+        const auto player = media::Player::create(sinks::realTime());
+        player->load(m_item, m_long);
+        player->registObserver(m_recorder);
+        QTRY_COMPARE(m_recorder->positions, std::vector<double>{0.0});
+    }
+
+    void everyLoadComesToASound()
+    {
+        const auto player = makePlayer(sinks::realTime());
+        QSignalSpy known(player.get(), &media::Player::durationChanged);
+        for (int i = 0; i < 150; ++i) {
+            player->load(std::make_shared<PlainItem>(), i % 2 == 0 ? m_long : m_short);
+            QVERIFY(known.wait(10000));
+        }
+    }
+
+    void loadsInARowEndAtTheLast()
+    {
+        const auto player = makePlayer(sinks::realTime());
+        for (int i = 0; i < 50; ++i) {
+            player->load(std::make_shared<PlainItem>(), m_long);
+            player->play();
+            player->seek(1);
+        }
+        player->load(m_item, m_short);
+        player->play();
+        QTRY_COMPARE(m_recorder->count(Told::Finished), 1);
+        QCOMPARE(player->playingMusic(), m_item);
+        QCOMPARE(player->position(), 0.2);
+    }
+
+    void anEndThatASeekOvertookIsNoEnd()
+    {
+        const auto player = makePlayer(sinks::realTime());
+        int turns = 0;
+        m_recorder->react = [&](Told what, TQAudioPlayerProtocol *sender) {
+            const double here = m_recorder->positions.empty() ? 0 : m_recorder->positions.back();
+            if (what == Told::Progress && here > 0.185 && turns < 20) {
+                ++turns;
+                sender->seek(0.15);
+            }
+        };
+        player->load(m_item, m_short);
+        player->play();
+        QTRY_VERIFY(!player->isPlaying());
+        QCOMPARE(turns, 20);
+        QCOMPARE(m_recorder->count(Told::Finished), 1);
+        QCOMPARE(m_recorder->events.back(), Told::Finished);
+    }
+
     void anotherItemStopsTheFirst()
     {
         const auto player = makePlayer(sinks::realTime());

@@ -4,6 +4,7 @@
 #include "media/player/PlayerFixtures.h"
 #include "media/player/Sinks.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
@@ -134,6 +135,25 @@ private Q_SLOTS:
         }
         qInfo("duration %.6f s", m_duration);
         QVERIFY(std::abs(m_duration - duration) < (duration == kSeconds ? 0.0001 : 0.01));
+    }
+
+    void anMp4WhoseTagsAloneTellTheSilence()
+    {
+        m_file = m_folder.filePath(QStringLiteral("tagged.m4a"));
+        QVERIFY(audiofiles::encode(m_wave, m_file,
+            {QStringLiteral("-use_editlist"), QStringLiteral("0"), QStringLiteral("-metadata"),
+                QStringLiteral("title=Noise")}));
+        QFile file(m_file);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        // 1024 samples before 12 s, and what fills the last block after them.
+        const QByteArray tagged = audiofiles::withGaplessField(
+            file.readAll(), " 00000000 00000400 000000E0 0000000000081330 00000000 00000000");
+        QVERIFY(file.resize(0) && file.seek(0) && file.write(tagged) == tagged.size());
+        file.close();
+        for (const double target : {0.5, 7.77, 11.5}) {
+            checkSeekTo(target, 1);
+        }
+        QVERIFY(std::abs(m_duration - kSeconds) < 0.0001);
     }
 
     void theLengthOfAVariableRateIsCounted()

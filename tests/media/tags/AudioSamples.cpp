@@ -10,6 +10,7 @@
 #include <map>
 #include <sstream>
 #include <stdexcept>
+#include <unistd.h>
 
 namespace samples {
 
@@ -84,9 +85,11 @@ bool isLyricLine(const std::string &line)
 
 } // namespace
 
-Folder::Folder()
+Folder::Folder(On on)
 {
-    std::string pattern = (fs::temp_directory_path() / "tagtest-XXXXXX").string();
+    const bool memory = on == On::Memory && access("/dev/shm", W_OK) == 0;
+    std::string pattern
+        = ((memory ? fs::path("/dev/shm") : fs::temp_directory_path()) / "tagtest-XXXXXX").string();
     if (!mkdtemp(pattern.data()))
         throw std::runtime_error("no temporary folder");
     m_path = pattern;

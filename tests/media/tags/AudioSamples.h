@@ -10,7 +10,9 @@ namespace samples {
 class Folder
 {
 public:
-    Folder();
+    /// Memory, where the system has such a folder, does not wait for the disk.
+    enum class On { Disk, Memory };
+    explicit Folder(On on = On::Disk);
     ~Folder();
     Folder(const Folder &) = delete;
     Folder &operator=(const Folder &) = delete;

@@ -158,7 +158,7 @@ TEST(Read, EachCallThatFailsIsARefusalWithTheReason)
 
 TEST(Read, EveryTruncationIsReadOrRefused)
 {
-    const Folder folder;
+    const Folder folder(Folder::On::Memory);
     for (const char *name :
         {"v23.mp3", "tagged.flac", "tagged.m4a", "faststart.m4a", "tagged.ogg", "tagged.opus"}) {
         const std::string whole = contents(sample(name));

@@ -401,6 +401,45 @@ TEST_F(Save, WhatACrashLeftIsSwept)
     EXPECT_THAT(folder.names(), ElementsAre(".tqlrc-other", "v24.mp3"));
 }
 
+TEST_F(Save, TagBehindJunkIsNotHidden)
+{
+    const std::string path = mp3("junk" + id3v2(3, {{"TIT2", std::string("\0Name", 5)}}));
+    const std::string before = contents(path);
+    const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_EQ(saved.failure().reason, tags::Reason::Unsupported);
+    EXPECT_EQ(contents(path), before);
+}
+
+TEST_F(Save, FileTooLargeForMemoryIsRefused)
+{
+    const std::string path = folder.copy(sample("tagged.flac"));
+    ASSERT_EQ(truncate(path.c_str(), 200LL << 20), 0);
+    const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_EQ(saved.failure().reason, tags::Reason::TooLarge);
+    EXPECT_FALSE(readOk(path).lyric.has_value());
+}
+
+TEST_F(Save, TagsAtTheEndOfAnMp3Stay)
+{
+    const std::string id3v1 = "TAG" + std::string(124, 'x') + '\0';
+    const std::string path = mp3("");
+    write(path, contents(path) + id3v1);
+    const std::string before = contents(path);
+    saveOk(path, kLyric);
+    const std::string after = contents(path);
+    EXPECT_EQ(after.substr(after.size() - before.size()), before);
+}
+
+TEST_F(Save, SecondTagBehindTheFirstStays)
+{
+    const std::string second = id3v2(3, {{"TALB", std::string("\0Other", 6)}});
+    const std::string path = mp3(id3v2(3, {{"TIT2", std::string("\0Name", 5)}}) + second);
+    saveOk(path, kLyric);
+    EXPECT_THAT(contents(path), HasSubstr(second + contents(sample("untagged.mp3"))));
+}
+
 TEST_F(Save, TruncatedTailOfAnOggFileIsRefused)
 {
     const std::string path = folder.file("cut.ogg");
