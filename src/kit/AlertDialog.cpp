@@ -69,7 +69,9 @@ void AlertDialog::addButtons(const QStringList &titles, int cancel)
         const auto role = isFirst ? QDialogButtonBox::AcceptRole
             : index == cancel     ? QDialogButtonBox::RejectRole
                                   : QDialogButtonBox::ActionRole;
-        auto *const button = new QPushButton(titles.at(index), box);
+        auto *const button = new QPushButton(box);
+        // As it is: an ampersand marks no key.
+        button->setText(QString(titles.at(index)).replace(QLatin1Char('&'), QLatin1String("&&")));
         // Return belongs to the first button, wherever the focus is.
         button->setAutoDefault(false);
         button->setDefault(isFirst);

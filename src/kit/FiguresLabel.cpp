@@ -5,6 +5,8 @@
 #include <QtGui/QPainter>
 
 #include <algorithm>
+#include <cmath>
+#include <numeric>
 
 namespace kit {
 
@@ -17,7 +19,7 @@ void FiguresLabel::setFigures(const QString &text)
 {
     if (text == this->text())
         return;
-    setText(text);
+    QLabel::setText(text);
     if (text.size() != m_fittedLength)
         fitSize();
 }
@@ -29,24 +31,34 @@ void FiguresLabel::fitSize()
     setFixedSize(sizeHint());
 }
 
-int FiguresLabel::advanceOf(QChar character) const
+std::vector<qreal> FiguresLabel::advances() const
 {
-    const QFontMetrics metrics = fontMetrics();
-    if (!character.isDigit())
-        return metrics.horizontalAdvance(character);
-    int widest = 0;
+    const QFontMetricsF metrics(font(), this);
+    qreal widest = 0;
     for (char16_t digit = u'0'; digit <= u'9'; ++digit)
         widest = std::max(widest, metrics.horizontalAdvance(QChar(digit)));
-    return widest;
+    const QString shown = text();
+    std::vector<qreal> all;
+    all.reserve(static_cast<std::size_t>(shown.size()));
+    for (const QChar character : shown)
+        all.push_back(character.isDigit() ? widest : metrics.horizontalAdvance(character));
+    return all;
+}
+
+qreal FiguresLabel::textLeft(qreal textWidth) const
+{
+    const QRect area = contentsRect();
+    const qreal room = area.width() - textWidth;
+    if (alignment() & Qt::AlignRight)
+        return area.left() + room;
+    return area.left() + (alignment() & Qt::AlignHCenter ? room / 2 : 0);
 }
 
 QSize FiguresLabel::sizeHint() const
 {
-    int width = 0;
-    const QString shown = text();
-    for (const QChar character : shown)
-        width += advanceOf(character);
-    return {width, fontMetrics().height()};
+    const std::vector<qreal> all = advances();
+    const qreal width = std::accumulate(all.begin(), all.end(), qreal(0));
+    return QSize(static_cast<int>(std::ceil(width)), fontMetrics().height()).grownBy(contentsMargins());
 }
 
 QSize FiguresLabel::minimumSizeHint() const
@@ -59,10 +71,13 @@ void FiguresLabel::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, foregroundRole()));
     const QString shown = text();
-    int x = 0;
-    for (const QChar character : shown) {
-        const int advance = advanceOf(character);
-        painter.drawText(QRect(x, 0, advance, height()), Qt::AlignCenter, QString(character));
+    const QRect area = contentsRect();
+    const std::vector<qreal> all = advances();
+    qreal x = textLeft(std::accumulate(all.begin(), all.end(), qreal(0)));
+    for (qsizetype index = 0; index < shown.size(); ++index) {
+        const qreal advance = all.at(static_cast<std::size_t>(index));
+        painter.drawText(QRectF(x, area.top(), advance, area.height()), Qt::AlignCenter | Qt::TextDontClip,
+            QString(shown.at(index)));
         x += advance;
     }
 }
@@ -70,7 +85,7 @@ void FiguresLabel::paintEvent(QPaintEvent * /*event*/)
 void FiguresLabel::changeEvent(QEvent *event)
 {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange && m_fittedLength >= 0)
         fitSize();
 }
 

@@ -3,10 +3,13 @@
 
 #include <QtWidgets/QLabel>
 
+#include <vector>
+
 namespace kit {
 
 /// A time or another number that changes often: figures of equal width, so that nothing jumps,
-/// and a size of its own that the layout has to ask for only when the text gets longer.
+/// and, set by setFigures(), a size of its own that changes only when the text gets longer.
+/// The alignment is the label's, within its contents; one line.
 class FiguresLabel : public QLabel
 {
     Q_OBJECT
@@ -16,6 +19,8 @@ public:
 
     /// setText() that does nothing when the text is the same.
     void setFigures(const QString &text);
+    /// The same, for those who know it as a label.
+    void setText(const QString &text) { setFigures(text); }
 
     /// Room for the widest figures, not for these ones.
     [[nodiscard]] QSize sizeHint() const override;
@@ -26,7 +31,9 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    [[nodiscard]] int advanceOf(QChar character) const;
+    /// Width of the place of each character.
+    [[nodiscard]] std::vector<qreal> advances() const;
+    [[nodiscard]] qreal textLeft(qreal textWidth) const;
     void fitSize();
 
     qsizetype m_fittedLength = -1;

@@ -121,6 +121,8 @@ void ViewController::transitionFromViewController_toViewController_options_compl
 
 bool ViewController::eventFilter(QObject *watched, QEvent *event)
 {
+    // What runs in there may let the last owner go.
+    const auto self = weak_from_this().lock();
     if (watched == m_view) {
         if (event->type() == QEvent::Resize)
             layOut();
@@ -132,8 +134,6 @@ bool ViewController::eventFilter(QObject *watched, QEvent *event)
 
 void ViewController::layOut()
 {
-    // What runs in there may let the last owner go.
-    const auto self = weak_from_this().lock();
     m_laidOut = true;
     viewWillLayout();
 }

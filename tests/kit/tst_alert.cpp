@@ -77,6 +77,7 @@ private Q_SLOTS:
     void closingTheWindowIsEscape();
     void withoutAButtonThereIsOk();
     void textsArePlain();
+    void buttonsArePlainToo();
     void readersAreToldTheTexts();
     void accessoryIsHandedBack();
     void accessorySurvivesTheWindowBeneath();
@@ -170,6 +171,11 @@ void tst_Alert::textsArePlain()
     });
     alert.runModal();
     QCOMPARE(shown, QStringList({"<b>bold</b>", "<i>more</i>"}));
+}
+
+void tst_Alert::buttonsArePlainToo()
+{
+    QCOMPARE(answerTo({"Save & close", "Cancel"}, [] { buttonTitled("Save && close")->click(); }), 1000);
 }
 
 void tst_Alert::readersAreToldTheTexts()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void elidedLabelIsPlainAndOneLine();
     void figuresDoNotMoveWhatFollows();
     void figuresKeepTheirSize();
+    void figuresAreAlignedAsTheLabelIs();
     void coverIsCutToASquareWithRoundCorners();
     void coverShowsTheWholePictureOnce();
     void clearedCoverHasNoPixmap();
@@ -117,6 +118,30 @@ void tst_SmallWidgets::figuresKeepTheirSize()
     const int width = label.width();
     label.setFont(large);
     QVERIFY(label.width() > width);
+}
+
+void tst_SmallWidgets::figuresAreAlignedAsTheLabelIs()
+{
+    kit::FiguresLabel label;
+    label.setProperty("text", "00:00.00"); // as a form sets it: without a size of its own
+    label.resize(300, 30);
+    const auto inkFrom = [&label] {
+        const QImage shown = label.grab().toImage();
+        for (int x = 0; x < shown.width(); ++x) {
+            for (int y = 0; y < shown.height(); ++y) {
+                if (shown.pixelColor(x, y).lightness() < 128)
+                    return qRound(x / shown.devicePixelRatio());
+            }
+        }
+        return -1;
+    };
+    const int width = label.sizeHint().width();
+    label.setAlignment(Qt::AlignLeft);
+    QVERIFY(qAbs(inkFrom()) < 4);
+    label.setAlignment(Qt::AlignCenter);
+    QVERIFY(qAbs(inkFrom() - (300 - width) / 2) < 4);
+    label.setAlignment(Qt::AlignRight);
+    QVERIFY(qAbs(inkFrom() - (300 - width)) < 4);
 }
 
 void tst_SmallWidgets::coverIsCutToASquareWithRoundCorners()

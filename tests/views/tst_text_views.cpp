@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "kit/FiguresLabel.h"
 #include "kit/FormLoader.h"
 #include "support/QtWarnings.h"
-#include "kit/FiguresLabel.h"
 #include "views/RBMenuDisabledTextView.h"
 #include "views/RBNoResponseTextFiled.h"
 #include "views/SmallViews.h"
