@@ -40,6 +40,7 @@ RBSongLine &RBSongLine::operator=(RBSongLine &&other) noexcept
     m_times.replaceWith(std::move(other.m_times));
     m_block = std::move(other.m_block);
     copyReading(other);
+    other.forget();
     return *this;
 }
 

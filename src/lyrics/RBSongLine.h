@@ -32,6 +32,7 @@ public:
     {
         m_times.takeFrom(other.m_times);
         copyReading(other);
+        other.forget();
     }
     RBSongLine &operator=(const RBSongLine &other);
     RBSongLine &operator=(RBSongLine &&other) noexcept;
@@ -93,6 +94,12 @@ private:
         return m_block ? m_block.text().substr(m_textBegin, m_textLength) : std::string_view();
     }
     void noteTag();
+    /// What is left of a line that was moved from is an empty line.
+    void forget()
+    {
+        m_flags = Flags();
+        m_begin = m_length = m_textBegin = m_textLength = 0;
+    }
     /// Takes over all but the times and the block.
     void copyReading(const RBSongLine &other)
     {
