@@ -22,10 +22,10 @@ struct LineAccess
         // Made in its place and then told: a line that is moved there costs more than reading it.
         RBSongLine &line = lines.emplace_back();
         const bool isProperty = kind != Kind::Text && kind != Kind::OtherTag;
-        line.m_readAs = kind;
-        line.m_key = isProperty ? kind : Kind::Text;
-        line.m_isProperty = isProperty;
-        line.m_isNew = false;
+        line.m_flags.readAs = kind;
+        line.m_flags.key = isProperty ? kind : Kind::Text;
+        line.m_flags.isProperty = isProperty;
+        line.m_flags.isNew = false;
         line.m_begin = static_cast<std::uint32_t>(begin);
         line.m_length = static_cast<std::uint32_t>(end - begin);
         line.m_block.adopt(owned);
@@ -44,13 +44,13 @@ struct LineAccess
     static void addReadTime(RBSongLine &line, std::int64_t millis) { line.m_times.append(millis); }
     static void setJoins(RBSongLine &line, bool toPrevious, bool toNext)
     {
-        line.m_joinsPrevious = toPrevious;
-        line.m_joinsNext = toNext;
+        line.m_flags.joinsPrevious = toPrevious;
+        line.m_flags.joinsNext = toNext;
     }
     static void setHasColonForm(RBSongLine &line, ColonReading reading)
     {
-        line.m_hasColonForm = true;
-        line.m_colonMeansHours = reading == ColonReading::Hours;
+        line.m_flags.hasColonForm = true;
+        line.m_flags.colonMeansHours = reading == ColonReading::Hours;
     }
 
     /// The bytes that the line was read from, with its line end.
@@ -64,23 +64,23 @@ struct LineAccess
     /// Where the text begins in the spelling.
     static std::size_t textOffset(const RBSongLine &line) { return line.m_textBegin - line.m_begin; }
     static std::string_view text(const RBSongLine &line) { return line.text(); }
-    static Kind readAs(const RBSongLine &line) { return line.m_readAs; }
-    static Kind key(const RBSongLine &line) { return line.m_key; }
+    static Kind readAs(const RBSongLine &line) { return line.m_flags.readAs; }
+    static Kind key(const RBSongLine &line) { return line.m_flags.key; }
     static bool isTagLine(const RBSongLine &line) { return line.isTagLine(); }
-    static bool joinsNext(const RBSongLine &line) { return line.m_joinsNext; }
-    static bool joinsPrevious(const RBSongLine &line) { return line.m_joinsPrevious; }
-    static bool isNew(const RBSongLine &line) { return line.m_isNew; }
-    static bool hasColonForm(const RBSongLine &line) { return line.m_hasColonForm; }
+    static bool joinsNext(const RBSongLine &line) { return line.m_flags.joinsNext; }
+    static bool joinsPrevious(const RBSongLine &line) { return line.m_flags.joinsPrevious; }
+    static bool isNew(const RBSongLine &line) { return line.m_flags.isNew; }
+    static bool hasColonForm(const RBSongLine &line) { return line.m_flags.hasColonForm; }
     static ColonReading colonReading(const RBSongLine &line)
     {
-        return line.m_colonMeansHours ? ColonReading::Hours : ColonReading::Fraction;
+        return line.m_flags.colonMeansHours ? ColonReading::Hours : ColonReading::Fraction;
     }
 
     /// True when equal bytes mean an equal line for the two.
     static bool isReadAlike(const RBSongLine &a, const RBSongLine &b)
     {
-        return a.m_length == b.m_length && a.m_readAs == b.m_readAs
-            && a.m_colonMeansHours == b.m_colonMeansHours
+        return a.m_length == b.m_length && a.m_flags.readAs == b.m_flags.readAs
+            && a.m_flags.colonMeansHours == b.m_flags.colonMeansHours
             && a.m_textBegin - a.m_begin == b.m_textBegin - b.m_begin && a.m_textLength == b.m_textLength;
     }
     /// Gives away the line's reference to its block, which leaves it without a text.
@@ -115,7 +115,7 @@ struct LineAccess
     /// True when the line certainly still says what its spelling says.
     static bool isUntouched(const RBSongLine &line)
     {
-        return !line.m_times.m_touched && !line.m_isRetagged && line.m_block;
+        return !line.m_times.m_touched && !line.m_flags.isRetagged && line.m_block;
     }
 };
 

@@ -40,29 +40,30 @@ RBSongLine &RBSongLine::operator=(RBSongLine &&other) noexcept
     m_times.replaceWith(std::move(other.m_times));
     m_block = std::move(other.m_block);
     copyReading(other);
+    other.forget();
     return *this;
 }
 
 std::string_view RBSongLine::propertyStr() const
 {
-    return lyrics::propertyName(m_key);
+    return lyrics::propertyName(m_flags.key);
 }
 
 void RBSongLine::setPropertyStr(std::string_view key)
 {
-    m_key = lyrics::propertyKey(key);
+    m_flags.key = lyrics::propertyKey(key);
     noteTag();
 }
 
 void RBSongLine::noteTag()
 {
-    const Kind readKey = m_readAs == Kind::OtherTag ? Kind::Text : m_readAs;
-    m_isRetagged = m_key != readKey || m_isProperty != (readKey != Kind::Text);
+    const Kind readKey = m_flags.readAs == Kind::OtherTag ? Kind::Text : m_flags.readAs;
+    m_flags.isRetagged = m_flags.key != readKey || m_flags.isProperty != (readKey != Kind::Text);
 }
 
 bool RBSongLine::isOtherTag() const
 {
-    return m_readAs == Kind::OtherTag && !m_isProperty && m_times.empty();
+    return m_flags.readAs == Kind::OtherTag && !m_flags.isProperty && m_times.empty();
 }
 
 void RBSongLine::updateWithText(std::string_view newText)
@@ -91,8 +92,8 @@ void RBSongLine::replaceText(std::string_view newText)
     m_textBegin = static_cast<std::uint32_t>(before.size());
     m_textLength = static_cast<std::uint32_t>(newText.size());
     m_block = std::move(block);
-    if (m_readAs == Kind::Text || m_readAs == Kind::OtherTag)
-        m_readAs = lyrics::isKnownOtherTag(newText) ? Kind::OtherTag : Kind::Text;
+    if (m_flags.readAs == Kind::Text || m_flags.readAs == Kind::OtherTag)
+        m_flags.readAs = lyrics::isKnownOtherTag(newText) ? Kind::OtherTag : Kind::Text;
 }
 
 void RBSongLine::updateWithTimeStr_atIndex(std::string_view newText, std::ptrdiff_t index)
@@ -116,5 +117,5 @@ bool operator==(const RBSongLine &a, const RBSongLine &b)
 {
     if (a.isTagLine() != b.isTagLine() || a.text() != b.text())
         return false;
-    return a.isTagLine() ? a.m_key == b.m_key : a.m_times == b.m_times;
+    return a.isTagLine() ? a.m_flags.key == b.m_flags.key : a.m_times == b.m_times;
 }

@@ -32,6 +32,7 @@ public:
     {
         m_times.takeFrom(other.m_times);
         copyReading(other);
+        other.forget();
     }
     RBSongLine &operator=(const RBSongLine &other);
     RBSongLine &operator=(RBSongLine &&other) noexcept;
@@ -44,7 +45,7 @@ public:
     [[nodiscard]] lyrics::TimeList &aryTimes() { return m_times; }
     [[nodiscard]] const lyrics::TimeList &aryTimes() const { return m_times; }
     /// True when the line is one of the four ID tags that the editor makes.
-    [[nodiscard]] bool isProperty() const { return m_isProperty; }
+    [[nodiscard]] bool isProperty() const { return m_flags.isProperty; }
     /// "ti", "ar", "al", "by", or empty for none.
     [[nodiscard]] std::string_view propertyStr() const;
     /// The value of a tag line, without the blanks round it. Valid until the line changes.
@@ -60,7 +61,7 @@ public:
     /// A tag line is written as its tag alone. Neither the times nor the text change.
     void setIsProperty(bool isProperty)
     {
-        m_isProperty = isProperty;
+        m_flags.isProperty = isProperty;
         noteTag();
     }
     /// \param key  one of the four in any case; anything else is none.
@@ -93,42 +94,46 @@ private:
         return m_block ? m_block.text().substr(m_textBegin, m_textLength) : std::string_view();
     }
     void noteTag();
+    /// What is left of a line that was moved from is an empty line.
+    void forget()
+    {
+        m_flags = Flags();
+        m_begin = m_length = m_textBegin = m_textLength = 0;
+    }
     /// Takes over all but the times and the block.
     void copyReading(const RBSongLine &other)
     {
-        m_readAs = other.m_readAs;
-        m_key = other.m_key;
-        m_isProperty = other.m_isProperty;
-        m_isNew = other.m_isNew;
-        m_isRetagged = other.m_isRetagged;
-        m_joinsNext = other.m_joinsNext;
-        m_joinsPrevious = other.m_joinsPrevious;
-        m_colonMeansHours = other.m_colonMeansHours;
-        m_hasColonForm = other.m_hasColonForm;
+        m_flags = other.m_flags;
         m_begin = other.m_begin;
         m_length = other.m_length;
         m_textBegin = other.m_textBegin;
         m_textLength = other.m_textLength;
     }
     void replaceText(std::string_view text);
-    [[nodiscard]] bool isTagLine() const { return m_isProperty && m_key != Kind::Text; }
+    [[nodiscard]] bool isTagLine() const { return m_flags.isProperty && m_flags.key != Kind::Text; }
+
+    /// What is known of a line besides its bytes.
+    struct Flags
+    {
+        Kind readAs : 3 = Kind::Text;
+        Kind key : 3 = Kind::Text;
+        bool isProperty : 1 = false;
+        /// Made here, not read: has a line end wherever it stands.
+        bool isNew : 1 = true;
+        /// Key or `isProperty` are not those that were read.
+        bool isRetagged : 1 = false;
+        /// The physical line goes on in the next line, or was begun in the line before.
+        bool joinsNext : 1 = false;
+        bool joinsPrevious : 1 = false;
+        /// `a:b:c` means hours, minutes, seconds in the document that it was read from.
+        bool colonMeansHours : 1 = false;
+        /// One of the times is spelled `a:b:c`.
+        bool hasColonForm : 1 = false;
+    };
 
     // The flags lie in what the list leaves free behind itself: lines are many.
     [[no_unique_address]] lyrics::TimeList m_times;
-    Kind m_readAs : 3 = Kind::Text;
-    Kind m_key : 3 = Kind::Text;
-    bool m_isProperty : 1 = false;
-    /// Made here, not read: has a line end wherever it stands.
-    bool m_isNew : 1 = true;
-    /// Key or `isProperty` are not those that were read.
-    bool m_isRetagged : 1 = false;
-    /// The physical line goes on in the next line, or was begun in the line before.
-    bool m_joinsNext : 1 = false;
-    bool m_joinsPrevious : 1 = false;
-    /// `a:b:c` means hours, minutes, seconds in the document that it was read from.
-    bool m_colonMeansHours : 1 = false;
-    /// One of the times is spelled `a:b:c`.
-    bool m_hasColonForm : 1 = false;
+    Flags m_flags;
     // How the line was spelled: a slice of the block with the line's own line end, and within the block
     // where its text is. No block: never spelled.
     std::uint32_t m_begin = 0;

@@ -93,9 +93,9 @@ public:
     /// its end. An amount of 0 changes nothing.
     void shift(std::int64_t millis)
     {
-        if (millis == 0 || empty())
+        if (millis == 0)
             return;
-        m_touched = true;
+        m_touched = m_touched || m_size > 0;
         if (m_onHeap) {
             std::int64_t *times = ownData();
             for (std::size_t i = 0; i < m_size; ++i)

@@ -3,6 +3,8 @@
 
 #include "lyrics/Blanks.h"
 
+#include <array>
+#include <cstring>
 #include <limits>
 
 namespace lyrics {
@@ -155,10 +157,19 @@ bool readRangeEnd(const char *&p, const char *end, ColonReading reading, TimeTag
     return true;
 }
 
+/// "00" to "99".
+constexpr auto kTwoDigits = [] {
+    std::array<char, 200> digits{};
+    for (std::size_t i = 0; i < 100; ++i) {
+        digits[2 * i] = static_cast<char>('0' + i / 10);
+        digits[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return digits;
+}();
+
 char *writeTwoDigits(char *out, std::uint64_t value)
 {
-    out[0] = static_cast<char>('0' + value / 10);
-    out[1] = static_cast<char>('0' + value % 10);
+    std::memcpy(out, &kTwoDigits[2 * value], 2);
     return out + 2;
 }
 

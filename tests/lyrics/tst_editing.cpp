@@ -226,6 +226,23 @@ TEST(Copy, IsIndependent)
     EXPECT_EQ(plain(copy), (PlainLine{{7, 2'000, 3'000, 9}, "b", {}}));
 }
 
+TEST(MovedLine, LeavesAnEmptyLineBehind)
+{
+    RBEditSong song = built("a\n [ti:b]\n[00:01.00][00:02.00][00:03.00]c\n");
+    for (RBSongLine &line : song.aryLines()) {
+        const RBSongLine taken = std::move(line);
+        RBSongLine assigned;
+        line = taken;
+        assigned = std::move(line);
+        EXPECT_EQ(plain(assigned), plain(taken));
+        EXPECT_EQ(plain(line), PlainLine());
+        line.setPropertyStr("ar");
+        line.setIsProperty(true);
+        line.updateWithText("x");
+    }
+    EXPECT_EQ(written(song), "[ar:x]\n[ar:x]\n[ar:x]\n");
+}
+
 TEST(TagLine, IsMadeOfALineThatKeepsItsText)
 {
     RBEditSong song = built("[00:10.00][00:20.00] My song \n");

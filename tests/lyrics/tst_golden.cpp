@@ -47,12 +47,12 @@ std::string visible(std::string_view text)
 
 std::string dumped(const RBSongLine &line)
 {
-    std::string out = line.isProperty() ? "tag " + std::string(line.propertyStr())
-        : line.isOtherTag()             ? "other"
-                                        : "";
+    std::string out = line.isOtherTag() ? "other" : "";
+    if (line.isProperty())
+        out.append("tag ").append(line.propertyStr());
     for (const std::int64_t millis : line.aryTimes())
-        out += (out.empty() ? "" : " ") + std::to_string(millis);
-    return out + " | " + visible(line.lineText()) + "\n";
+        out.append(out.empty() ? "" : " ").append(std::to_string(millis));
+    return out.append(" | ").append(visible(line.lineText())).append("\n");
 }
 
 std::string dumped(RBEditSong song)
