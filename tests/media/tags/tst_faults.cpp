@@ -45,7 +45,7 @@ private:
 class EveryFormat : public testing::TestWithParam<std::string>
 {
 protected:
-    Folder folder;
+    Folder folder{Folder::On::Memory};
     std::string path = folder.copy(sample(GetParam()));
     std::string before = contents(path);
     tags::FileState state = tags::read(path).value().state;
@@ -122,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(Formats, EveryFormat,
 
 TEST(Faults, TheMessageCarriesTheSystemsReason)
 {
-    const Folder folder;
+    const Folder folder(Folder::On::Memory);
     const std::string path = folder.copy(sample("v24.mp3"));
     const tags::FileState state = tags::read(path).value().state;
     for (int failing = 1;; ++failing) {
@@ -136,7 +136,7 @@ TEST(Faults, TheMessageCarriesTheSystemsReason)
 
 TEST(Faults, FileChangedOrGoneWhileItIsSavedIsLeftAlone)
 {
-    const Folder folder;
+    const Folder folder(Folder::On::Memory);
     const std::string path = folder.copy(sample("v24.mp3"));
     const tags::FileState state = tags::read(path).value().state;
     RacingSystem changed([&path] { write(path, "theirs"); });
@@ -178,7 +178,7 @@ TEST(Faults, RealLimitOnFilesLeavesTheOldFileOrTheNew)
         const std::size_t size = contents(sample(name)).size();
         int refused = 0;
         for (std::size_t part = 0; part <= 9; ++part) {
-            const Folder folder;
+            const Folder folder(Folder::On::Memory);
             const std::string path = folder.copy(sample(name));
             const std::string before = contents(path);
             const bool ok = savedWithRoomFor(size * part / 8, path);
@@ -221,7 +221,7 @@ private:
 
 TEST(Faults, KilledAtAnyCallTheFileIsWholeAndTheNextSaveCleansUp)
 {
-    const Folder folder;
+    const Folder folder(Folder::On::Memory);
     const std::string path = folder.copy(sample("tagged.flac"));
     const std::string before = contents(path);
     bool killed = true;

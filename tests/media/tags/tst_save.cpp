@@ -70,7 +70,7 @@ const std::map<std::string, std::string> &texts()
 class EverySample : public testing::TestWithParam<std::string>
 {
 protected:
-    Folder folder;
+    Folder folder{Folder::On::Memory};
     std::string path = folder.copy(sample(GetParam()));
 };
 
@@ -88,10 +88,9 @@ TEST_P(EverySample, EveryTextComesBackByteForByte)
 
 TEST_P(EverySample, AnotherProgramReadsTheSameLyric)
 {
-    for (const char *name : {"LF", "CRLF", "CJK", "emoji", "noTimes"}) {
-        const std::string &text = texts().at(name);
+    for (const std::string &text : {texts().at("CRLF"), texts().at("CJK") + texts().at("emoji")}) {
         saveOk(path, text);
-        EXPECT_EQ(lyricByFfprobe(path), text) << name;
+        EXPECT_EQ(lyricByFfprobe(path), text);
     }
 }
 
