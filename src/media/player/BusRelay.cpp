@@ -109,9 +109,6 @@ void BusRelay::handle(GstMessage *message)
     case GST_MESSAGE_DURATION_CHANGED:
         post([](Pipeline &pipeline) { Q_EMIT pipeline.durationChanged(); });
         break;
-    case GST_MESSAGE_LATENCY:
-        post([](Pipeline &pipeline) { pipeline.onLatencyChanged(); });
-        break;
     case GST_MESSAGE_CLOCK_LOST:
         post([](Pipeline &pipeline) { pipeline.onClockLost(); });
         break;

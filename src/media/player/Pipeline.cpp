@@ -6,12 +6,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace media {
 
 namespace {
 
 constexpr double kNanoseconds = 1e9;
+
+// Longer than a program hangs or a computer sleeps between two looks at a clock.
+constexpr GstClockTime kLeap = 30 * 24 * 3600 * GST_SECOND;
 
 // Seconds by which the end of a sound and the length that is told for it differ in sound files:
 // the silence in the last frames.
@@ -47,6 +51,17 @@ bool Pipeline::isBusy() const
 {
     return m_seeking
         || gst_element_get_state(m_pipeline.get(), nullptr, nullptr, 0) == GST_STATE_CHANGE_ASYNC;
+}
+
+bool Pipeline::clockLeapt()
+{
+    const GstPointer<GstClock> clock(gst_pipeline_get_clock(GST_PIPELINE(m_pipeline.get())));
+    if (!clock) {
+        return false;
+    }
+    const GstClockTime now = gst_clock_get_time(clock.get());
+    const auto before = std::exchange(m_lastClock, now);
+    return before && now > *before && now - *before > kLeap;
 }
 
 std::optional<double> Pipeline::position() const
@@ -153,11 +168,6 @@ void Pipeline::onClockLost()
         gst_element_set_state(m_pipeline.get(), GST_STATE_PAUSED);
         gst_element_set_state(m_pipeline.get(), GST_STATE_PLAYING);
     }
-}
-
-void Pipeline::onLatencyChanged()
-{
-    gst_bin_recalculate_latency(GST_BIN(m_pipeline.get()));
 }
 
 } // namespace media

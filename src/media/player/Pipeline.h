@@ -48,6 +48,12 @@ public:
     [[nodiscard]] bool isReady() const { return m_ready; }
     /// True while the library is still on its way to a place or state it was sent to.
     [[nodiscard]] bool isBusy() const;
+    /// True once the output's clock has leapt ahead: it is of no use any more, and what plays
+    /// never comes to its end. Asked now and then while playing.
+    ///
+    /// A sound server's client library does that: when a stream is held and let go at once, as a
+    /// seek while playing does, the time that it tells can fall below zero and wrap around.
+    [[nodiscard]] bool clockLeapt();
     /// Nothing while the library cannot say.
     [[nodiscard]] std::optional<double> position() const;
     /// Length of the music; nothing while nobody can say.
@@ -76,7 +82,6 @@ private:
     void onEnded();
     void onFailed(const PipelineFailure &failure);
     void onClockLost();
-    void onLatencyChanged();
 
     void takeOffSilence(const EncoderDelay &delay);
     void learnEnd();
@@ -93,6 +98,8 @@ private:
     bool m_ready = false;
     bool m_seeking = false;
     bool m_playing = false;
+    /// The output's clock when it was last looked at; nothing before.
+    std::optional<GstClockTime> m_lastClock;
 };
 
 } // namespace media

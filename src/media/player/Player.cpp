@@ -164,15 +164,14 @@ void Player::afterPipelineFailed(const PipelineFailure &failure)
 {
     const Call call(*this);
     if (failure.cause == PipelineFailure::Cause::Output && ++m_outputFailures < kOutputAttempts) {
-        restartOutput();
+        restartOutput(heardNow());
         return;
     }
     fail(failureText(failure, m_path));
 }
 
-void Player::restartOutput()
+void Player::restartOutput(double here)
 {
-    const double here = heardNow();
     openPipeline();
     if (m_pipeline) {
         m_position = here;

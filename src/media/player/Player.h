@@ -90,7 +90,7 @@ private:
     void afterPipelineSettled();
     void afterPipelineEnded();
     void afterPipelineFailed(const PipelineFailure &failure);
-    void restartOutput();
+    void restartOutput(double here);
     void fail(const QString &message);
     void failLater(const QString &message);
 

@@ -130,7 +130,9 @@ void Player::updateTicker()
 void Player::tick()
 {
     const Call call(*this);
-    if (m_playing) {
+    if (m_playing && m_pipeline->isReady() && m_pipeline->clockLeapt()) {
+        restartOutput(m_position);
+    } else if (m_playing) {
         m_position = heardNow();
     }
     applyPendingSeek();

@@ -87,7 +87,7 @@ class tst_PositionAccuracy : public QObject
     Q_OBJECT
 
 private:
-    static constexpr double kSeconds = 3.0;
+    static constexpr double kSeconds = 2.5;
 
     /// Plays the file to its end and answers the reports.
     std::vector<Moment> play(const media::PlayerOutput &output, const QString &path)
@@ -141,7 +141,7 @@ private Q_SLOTS:
     void whatIsReportedIsWhatComesOut_data()
     {
         QTest::addColumn<QString>("suffix");
-        for (const char *suffix : {"wav", "mp3", "m4a", "ogg", "flac"}) {
+        for (const char *suffix : {"mp3", "m4a", "ogg"}) {
             QTest::newRow(suffix) << QString::fromUtf8(suffix);
         }
     }

@@ -127,7 +127,7 @@ private Q_SLOTS:
         QFETCH(double, duration);
         m_file = m_folder.filePath(QStringLiteral("coded.") + suffix);
         QVERIFY(audiofiles::encode(m_wave, m_file, options.split(QLatin1Char(' '), Qt::SkipEmptyParts)));
-        for (const double target : {0.5, 7.77, 3.141, 11.5, 0.02}) {
+        for (const double target : {7.77, 0.02, 11.5}) {
             checkSeekTo(target, tolerance);
             if (QTest::currentTestFailed()) {
                 return;
