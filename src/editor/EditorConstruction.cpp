@@ -41,8 +41,7 @@ std::shared_ptr<TQLRCEditorViewCtl> TQLRCEditorViewCtl::init()
 {
     views::registerSmallViews();
     struct Constructible : TQLRCEditorViewCtl
-    {
-    };
+    { };
     return std::make_shared<Constructible>();
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
 // How a text gets into the line editor, and back into the item.
+#include "editor/LyricFile.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "kit/AfterDelay.h"
-#include "editor/LyricFile.h"
 #include "shell/contracts/WXEAudioFile.h"
 
 #include <chrono>

@@ -11,8 +11,9 @@
 RBSongLine *TQLRCEditorViewCtl::getSongLineAtIndex(std::ptrdiff_t index)
 {
     auto &lines = m_song.aryLines();
-    return index < 0 || static_cast<std::size_t>(index) >= lines.size() ? nullptr
-                                                                        : &lines[static_cast<std::size_t>(index)];
+    return index < 0 || static_cast<std::size_t>(index) >= lines.size()
+        ? nullptr
+        : &lines[static_cast<std::size_t>(index)];
 }
 
 RBSongLine *TQLRCEditorViewCtl::getSelectedLine()
@@ -69,8 +70,8 @@ int TQLRCEditorViewCtl::numberOfRowsInTableView(MyTableView *tableView)
     return songLinesNum();
 }
 
-QString TQLRCEditorViewCtl::tableView_objectValueForTableColumn_row(MyTableView *tableView,
-    const QString &identifier, int row)
+QString TQLRCEditorViewCtl::tableView_objectValueForTableColumn_row(
+    MyTableView *tableView, const QString &identifier, int row)
 {
     Q_UNUSED(tableView)
     const RBSongLine *line = getSongLineAtIndex(row);
@@ -84,8 +85,8 @@ bool TQLRCEditorViewCtl::tableView_isQuietCell(MyTableView *tableView, const QSt
     return line && (identifier != editor::textColumnIdentifier() || line->isOtherTag());
 }
 
-void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(MyTableView *tableView, const QString &value,
-    const QString &identifier, int row)
+void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(
+    MyTableView *tableView, const QString &value, const QString &identifier, int row)
 {
     Q_UNUSED(tableView)
     // The edit belongs to the selected line; in a selection of one row that is the edited row.
@@ -93,7 +94,8 @@ void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(MyTableView
     const auto alive = self();
     if (editor::isTimeColumn(identifier)) {
         if (!value.isEmpty() && !RBUtils::isTimeString(value.toStdString())) {
-            TQAlert::OK_info(localized(QStringLiteral("Please input the right time format[mm:ss.SS]!")), QString());
+            TQAlert::OK_info(
+                localized(QStringLiteral("Please input the right time format[mm:ss.SS]!")), QString());
         } else if (const auto index = editor::timeIndex(identifier)) {
             editTimeCell(value, *index);
         }
@@ -118,7 +120,7 @@ void TQLRCEditorViewCtl::editTextCell(const QString &value)
     }
     const std::string_view stored = editor::shownText(*line);
     // A text that was shown and not touched is not replaced by what could be shown of it.
-    if (value != QString::fromUtf8(stored.data(), static_cast<qsizetype>(stored.size()))) {
+    if (value != editor::shownForm(stored)) {
         line->updateWithText(editor::splicedText(stored, value));
     }
 }

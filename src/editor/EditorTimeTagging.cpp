@@ -3,8 +3,8 @@
 // Stamping the play position onto lines, and moving the selection while doing so.
 #include "editor/LineCommands.h"
 #include "editor/TQLRCEditorViewCtl.h"
-#include "lyrics/RBUtils.h"
 #include "lyrics/Millis.h"
+#include "lyrics/RBUtils.h"
 #include "views/RBNoResponseTextFiled.h"
 
 #include <algorithm>

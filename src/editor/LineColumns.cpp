@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/LineColumns.h"
 
+#include "editor/TextSplice.h"
 #include "lyrics/RBEditSong.h"
 #include "lyrics/RBSongLine.h"
 #include "lyrics/RBUtils.h"
@@ -25,7 +26,8 @@ kit::TableColumn timeColumn(std::size_t number)
 {
     kit::TableColumn column;
     column.identifier = kTimePrefix.toString() + QString::number(number);
-    column.title = localized(QStringLiteral("Time point %@")).replace(QLatin1String("%@"), QString::number(number));
+    column.title
+        = localized(QStringLiteral("Time point %@")).replace(QLatin1String("%@"), QString::number(number));
     column.minimumWidth = 80;
     column.width = 90;
     column.maximumWidth = 100;
@@ -119,11 +121,12 @@ QString cellText(const RBSongLine &line, int row, QStringView identifier)
         return QString::number(row + 1);
     }
     if (identifier == textColumnIdentifier()) {
-        return fromUtf8(shownText(line));
+        return shownForm(shownText(line));
     }
     const auto index = timeIndex(identifier);
     const auto &times = line.aryTimes();
-    return index && *index < times.size() ? fromUtf8(RBUtils::getTimeIntervalPeerStr(times[*index])) : QString();
+    return index && *index < times.size() ? fromUtf8(RBUtils::getTimeIntervalPeerStr(times[*index]))
+                                          : QString();
 }
 
 } // namespace editor

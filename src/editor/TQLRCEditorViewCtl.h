@@ -50,7 +50,10 @@ public:
     [[nodiscard]] const std::vector<RBSongLine> &copiedLines() const { return m_copiedLines; }
     [[nodiscard]] std::shared_ptr<WXEAudioFile> audioFile() const { return m_audioFile; }
     [[nodiscard]] std::shared_ptr<TQLRCEditorViewCtlDelegate> delegate() const { return m_delegate.lock(); }
-    virtual void setDelegate(const std::weak_ptr<TQLRCEditorViewCtlDelegate> &delegate) { m_delegate = delegate; }
+    virtual void setDelegate(const std::weak_ptr<TQLRCEditorViewCtlDelegate> &delegate)
+    {
+        m_delegate = delegate;
+    }
     [[nodiscard]] std::shared_ptr<EditorContainer> parentVC() const { return m_parentVC.lock(); }
     virtual void setParentVC(const std::weak_ptr<EditorContainer> &parent) { m_parentVC = parent; }
     /// A slot kept for the container; never read here.
@@ -133,12 +136,13 @@ public:
 
     // The table's questions and reports
     [[nodiscard]] int numberOfRowsInTableView(MyTableView *tableView) override;
-    [[nodiscard]] QString tableView_objectValueForTableColumn_row(MyTableView *tableView,
-        const QString &identifier, int row) override;
-    void tableView_setObjectValue_forTableColumn_row(MyTableView *tableView, const QString &value,
-        const QString &identifier, int row) override;
+    [[nodiscard]] QString tableView_objectValueForTableColumn_row(
+        MyTableView *tableView, const QString &identifier, int row) override;
+    void tableView_setObjectValue_forTableColumn_row(
+        MyTableView *tableView, const QString &value, const QString &identifier, int row) override;
     void tableViewSelectionDidChange(MyTableView *tableView) override;
-    [[nodiscard]] bool tableView_isQuietCell(MyTableView *tableView, const QString &identifier, int row) override;
+    [[nodiscard]] bool tableView_isQuietCell(
+        MyTableView *tableView, const QString &identifier, int row) override;
     [[nodiscard]] QMenu *menuForRightClick() override;
     void deleteFileDown(QObject *sender) override;
     void spaceKeyDown(QObject *sender) override;

@@ -8,6 +8,10 @@
 
 namespace editor {
 
+/// The form in which a cell shows `stored` (UTF-8): one line, and a replacement mark for each
+/// control character and each run of bytes that is no text.
+[[nodiscard]] QString shownForm(std::string_view stored);
+
 /// The bytes of a text whose shown form the user changed to `typed`.
 ///
 /// Only what was typed is taken from `typed`: bytes that cannot be shown (they appear as a

@@ -22,8 +22,7 @@
 namespace desk {
 
 DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
-    : m_player(std::move(player)),
-      m_playback(std::make_shared<Playback>(m_player)),
+    : m_player(std::move(player)), m_playback(std::make_shared<Playback>(m_player)),
       m_component(TQWLRCEditorViewCtl::initWithPlayer(m_player))
 {
     m_component->setDelegate(std::weak_ptr<TQLRCEditorViewCtlDelegate>(m_playback));
@@ -69,8 +68,8 @@ void DeskWindow::buildPlaybackMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Playback"));
     QAction *playOrPause = menu->addAction(tr("&Play or pause"), this, &DeskWindow::playOrPause);
-    playOrPause->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Space), QKeySequence(Qt::Key_MediaTogglePlayPause),
-        QKeySequence(Qt::Key_MediaPlay)});
+    playOrPause->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Space),
+        QKeySequence(Qt::Key_MediaTogglePlayPause), QKeySequence(Qt::Key_MediaPlay)});
 }
 
 void DeskWindow::buildHelpMenu()
@@ -143,8 +142,8 @@ bool DeskWindow::save()
         tell(tr("The lyric was not saved"), message);
         return false;
     }
-    statusBar()->showMessage(message.isEmpty() ? tr("Saved into %1").arg(QFileInfo(m_song->path()).fileName())
-                                               : message);
+    statusBar()->showMessage(
+        message.isEmpty() ? tr("Saved into %1").arg(QFileInfo(m_song->path()).fileName()) : message);
     return true;
 }
 
@@ -184,7 +183,8 @@ void DeskWindow::playOrPause()
 void DeskWindow::showAbout()
 {
     QMessageBox::about(this, tr("About lyricdesk"),
-        tr("lyricdesk %1\n\nWrites time-synchronised lyrics into your songs. Press Enter as each line is sung.")
+        tr("lyricdesk %1\n\nWrites time-synchronised lyrics into your songs. Press Enter as each line is "
+           "sung.")
             .arg(QApplication::applicationVersion()));
 }
 
@@ -199,7 +199,8 @@ QString DeskWindow::windowTitleOfSong() const
 void DeskWindow::updateTitle()
 {
     // A doubled mark stands for itself and is not taken for the place of the unsaved sign.
-    const QString song = windowTitleOfSong().simplified().replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    const QString song
+        = windowTitleOfSong().simplified().replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     setWindowTitle(song + QStringLiteral("[*] – lyricdesk"));
     setWindowFilePath(m_song ? m_song->path() : QString());
 }
@@ -261,7 +262,8 @@ bool DeskWindow::eventFilter(QObject *watched, QEvent *event)
     QCoreApplication::sendEvent(watched, &leave);
     drop->setDropAction(Qt::CopyAction);
     drop->accept();
-    QMetaObject::invokeMethod(this, [this, path] { open(path); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, path] { open(path); }, Qt::QueuedConnection);
     return true;
 }
 

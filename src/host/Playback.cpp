@@ -8,7 +8,8 @@
 
 namespace desk {
 
-Playback::Playback(std::shared_ptr<media::Player> player) : m_player(std::move(player)) { }
+Playback::Playback(std::shared_ptr<media::Player> player) : m_player(std::move(player))
+{ }
 
 void Playback::lrcEditorPlayAudioFile(const std::shared_ptr<WXEAudioFile> &item)
 {

@@ -25,8 +25,8 @@ const QStringList &suffixes()
 
 QString notWritable(const QString &path, const QString &reason)
 {
-    return QCoreApplication::translate("desk",
-        "The demonstration song could not be put into %1: %2. Open a song of your own instead.")
+    return QCoreApplication::translate(
+        "desk", "The demonstration song could not be put into %1: %2. Open a song of your own instead.")
         .arg(QDir::toNativeSeparators(path), reason);
 }
 
@@ -49,7 +49,8 @@ QString songFileFilter()
     for (const QString &suffix : suffixes()) {
         patterns.append(QStringLiteral("*.") + suffix);
     }
-    return QCoreApplication::translate("desk", "Songs (%1);;All files (*)").arg(patterns.join(QLatin1Char(' ')));
+    return QCoreApplication::translate("desk", "Songs (%1);;All files (*)")
+        .arg(patterns.join(QLatin1Char(' ')));
 }
 
 QString demonstrationSong(QString *message)

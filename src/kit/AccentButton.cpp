@@ -9,8 +9,7 @@
 #include <QtWidgets/QLayout>
 #include <QtWidgets/QStyle>
 
-AccentButton::AccentButton(QWidget *parent)
-    : QPushButton(parent)
+AccentButton::AccentButton(QWidget *parent) : QPushButton(parent)
 {
     setAttribute(Qt::WA_Hover);
 }
@@ -49,8 +48,8 @@ void AccentButton::paintEvent(QPaintEvent *event)
     const QRectF body = hasFocus() ? frame.adjusted(2, 2, -2, -2) : frame;
     painter.drawRoundedRect(body, kit::kRadius, kit::kRadius);
 
-    const QRect iconRect = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter, iconSize(),
-        rect().adjusted(kit::kSpacingLarge, 0, -kit::kSpacingLarge, 0));
+    const QRect iconRect = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter,
+        iconSize(), rect().adjusted(kit::kSpacingLarge, 0, -kit::kSpacingLarge, 0));
     icon().paint(&painter, iconRect, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
 }
 

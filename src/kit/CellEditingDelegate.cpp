@@ -23,8 +23,8 @@ bool isTyping(const QKeyEvent &event)
 
 } // namespace
 
-QWidget *CellEditingDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
-    const QModelIndex &index) const
+QWidget *CellEditingDelegate::createEditor(
+    QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     QWidget *editor = QStyledItemDelegate::createEditor(parent, option, index);
     if (auto *field = qobject_cast<QLineEdit *>(editor)) {
@@ -36,8 +36,8 @@ QWidget *CellEditingDelegate::createEditor(QWidget *parent, const QStyleOptionVi
     return editor;
 }
 
-void CellEditingDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
-    const QModelIndex &index) const
+void CellEditingDelegate::updateEditorGeometry(
+    QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     Q_UNUSED(index)
     editor->setGeometry(option.rect.adjusted(0, 0, 0, -1));
@@ -89,8 +89,8 @@ void CellEditingDelegate::initStyleOption(QStyleOptionViewItem *option, const QM
     }
 }
 
-void CellEditingDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
-    const QModelIndex &index) const
+void CellEditingDelegate::paint(
+    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     // The ground goes from edge to edge, the text keeps a distance from them.
     if (option.state & QStyle::State_Selected) {

@@ -17,10 +17,8 @@ constexpr qsizetype kLongestShownText = 2000;
 } // namespace
 
 DataSourceTableModel::DataSourceTableModel(MyTableView *tableView)
-    : QAbstractTableModel(tableView)
-    , m_tableView(tableView)
-{
-}
+    : QAbstractTableModel(tableView), m_tableView(tableView)
+{ }
 
 void DataSourceTableModel::setDataSource(const std::weak_ptr<TableDataSource> &dataSource)
 {
@@ -85,8 +83,9 @@ QString DataSourceTableModel::shownText(const QModelIndex &index) const
 {
     const auto source = dataSource();
     const auto &column = m_columns[static_cast<std::size_t>(index.column())];
-    return source ? source->tableView_objectValueForTableColumn_row(m_tableView, column.identifier, index.row())
-                  : QString();
+    return source
+        ? source->tableView_objectValueForTableColumn_row(m_tableView, column.identifier, index.row())
+        : QString();
 }
 
 QVariant DataSourceTableModel::data(const QModelIndex &index, int role) const
@@ -125,7 +124,8 @@ bool DataSourceTableModel::setData(const QModelIndex &index, const QVariant &val
     }
     const QString identifier = m_columns[static_cast<std::size_t>(index.column())].identifier;
     const QPersistentModelIndex cell(index);
-    source->tableView_setObjectValue_forTableColumn_row(m_tableView, value.toString(), identifier, index.row());
+    source->tableView_setObjectValue_forTableColumn_row(
+        m_tableView, value.toString(), identifier, index.row());
     // The source may have shown a message, and anything may have happened behind it.
     if (cell.isValid()) {
         Q_EMIT dataChanged(this->index(0, 0), this->index(m_rows - 1, columnCount() - 1));

@@ -20,10 +20,8 @@
 #include <utility>
 
 MyTableView::MyTableView(QWidget *parent)
-    : QTableView(parent)
-    , m_model(new kit::DataSourceTableModel(this))
-    , m_cellDelegate(new kit::CellEditingDelegate(this))
-    , m_dropTipView(new DropTipView(viewport()))
+    : QTableView(parent), m_model(new kit::DataSourceTableModel(this)),
+      m_cellDelegate(new kit::CellEditingDelegate(this)), m_dropTipView(new DropTipView(viewport()))
 {
     setModel(m_model);
     setItemDelegate(m_cellDelegate);
@@ -166,8 +164,8 @@ void MyTableView::selectSingleRow(int row)
     if (row < 0 || row >= numberOfRows()) {
         return;
     }
-    selectionModel()->setCurrentIndex(m_model->index(row, 0),
-        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    selectionModel()->setCurrentIndex(
+        m_model->index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     m_lastAddedRow = row;
 }
 

@@ -55,8 +55,14 @@ public:
 
     /// Both are held weakly.
     void setDataSource(const std::weak_ptr<kit::TableDataSource> &dataSource);
-    void setReloadDelegate(const std::weak_ptr<MyTableViewDelegate> &delegate) { m_reloadDelegate = delegate; }
-    [[nodiscard]] std::shared_ptr<MyTableViewDelegate> reloadDelegate() const { return m_reloadDelegate.lock(); }
+    void setReloadDelegate(const std::weak_ptr<MyTableViewDelegate> &delegate)
+    {
+        m_reloadDelegate = delegate;
+    }
+    [[nodiscard]] std::shared_ptr<MyTableViewDelegate> reloadDelegate() const
+    {
+        return m_reloadDelegate.lock();
+    }
 
     [[nodiscard]] QString dropInPrompt() const;
     void setDropInPrompt(const QString &prompt);

@@ -17,8 +17,8 @@ RowRanges rowRanges(const QItemSelection &selection)
             ranges.push_back({range.top(), range.bottom()});
         }
     }
-    std::sort(ranges.begin(), ranges.end(),
-        [](const RowRange &a, const RowRange &b) { return a.first < b.first; });
+    std::sort(
+        ranges.begin(), ranges.end(), [](const RowRange &a, const RowRange &b) { return a.first < b.first; });
     RowRanges merged;
     for (const RowRange &range : ranges) {
         if (!merged.empty() && range.first <= merged.back().last + 1) {
@@ -37,8 +37,8 @@ QItemSelection wholeRows(const RowRanges &rows, const QAbstractItemModel &model)
     const int lastColumn = model.columnCount() - 1;
     for (const RowRange &range : rows) {
         if (range.first <= lastRow && lastColumn >= 0) {
-            selection.append(QItemSelectionRange(model.index(range.first, 0),
-                model.index(std::min(range.last, lastRow), lastColumn)));
+            selection.append(QItemSelectionRange(
+                model.index(range.first, 0), model.index(std::min(range.last, lastRow), lastColumn)));
         }
     }
     return selection;
@@ -46,8 +46,8 @@ QItemSelection wholeRows(const RowRanges &rows, const QAbstractItemModel &model)
 
 bool containsRow(const RowRanges &rows, int row)
 {
-    const auto after = std::upper_bound(rows.begin(), rows.end(), row,
-        [](int value, const RowRange &range) { return value < range.first; });
+    const auto after = std::upper_bound(
+        rows.begin(), rows.end(), row, [](int value, const RowRange &range) { return value < range.first; });
     return after != rows.begin() && row <= std::prev(after)->last;
 }
 

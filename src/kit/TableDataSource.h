@@ -32,17 +32,18 @@ public:
 
     [[nodiscard]] virtual int numberOfRowsInTableView(MyTableView *tableView) = 0;
     /// What the cell shows; an empty string for a row or column that does not exist.
-    [[nodiscard]] virtual QString tableView_objectValueForTableColumn_row(MyTableView *tableView,
-        const QString &identifier, int row)
+    [[nodiscard]] virtual QString tableView_objectValueForTableColumn_row(
+        MyTableView *tableView, const QString &identifier, int row)
         = 0;
     /// The user committed `value` in a cell.
-    virtual void tableView_setObjectValue_forTableColumn_row(MyTableView *tableView, const QString &value,
-        const QString &identifier, int row)
+    virtual void tableView_setObjectValue_forTableColumn_row(
+        MyTableView *tableView, const QString &value, const QString &identifier, int row)
         = 0;
     /// The set of selected rows changed, by the user or by the program.
     virtual void tableViewSelectionDidChange(MyTableView *tableView) { static_cast<void>(tableView); }
     /// True when the cell's text is drawn in the quiet text colour.
-    [[nodiscard]] virtual bool tableView_isQuietCell(MyTableView *tableView, const QString &identifier, int row)
+    [[nodiscard]] virtual bool tableView_isQuietCell(
+        MyTableView *tableView, const QString &identifier, int row)
     {
         static_cast<void>(tableView);
         static_cast<void>(identifier);

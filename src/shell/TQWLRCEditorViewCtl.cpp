@@ -34,8 +34,7 @@ std::shared_ptr<TQWLRCEditorViewCtl> TQWLRCEditorViewCtl::initWithPlayer(
         initialize();
     }
     struct Constructible : TQWLRCEditorViewCtl
-    {
-    };
+    { };
     const std::shared_ptr<TQWLRCEditorViewCtl> container = std::make_shared<Constructible>();
     container->m_playerViewCtl = TQLRCEditorMiniPlayerViewCtl::initWithPlayer(player);
     container->m_playerViewCtl->setDelegate(container->m_delegate);
@@ -279,16 +278,16 @@ void TQWLRCEditorViewCtl::prPreviewClicked(QObject *sender)
     const auto alive = self();
     tryToPlay();
     previewingCtl()->flushWithAudio_lrcText(m_audioFile, editorViewCtl()->songText());
-    transitionFromViewController_toViewController_options_completionHandler(editorViewCtl(), previewingCtl(),
-        kit::Transition::CrossFade, [] { });
+    transitionFromViewController_toViewController_options_completionHandler(
+        editorViewCtl(), previewingCtl(), kit::Transition::CrossFade, [] {});
 }
 
 void TQWLRCEditorViewCtl::backFromPreview(QObject *sender)
 {
     Q_UNUSED(sender)
     const auto alive = self();
-    transitionFromViewController_toViewController_options_completionHandler(previewingCtl(), editorViewCtl(),
-        kit::Transition::CrossFade, [] { });
+    transitionFromViewController_toViewController_options_completionHandler(
+        previewingCtl(), editorViewCtl(), kit::Transition::CrossFade, [] {});
     editorViewCtl()->resetFristResponderForTextView(nullptr);
 }
 

@@ -20,9 +20,7 @@ class TQLRCEditorViewCtl;
 /// A host makes one with its player, sets itself as delegate, shows `view()` and calls
 /// `flushWithAudioItem`. The delegate is set before the view is loaded: the line editor takes it
 /// when it is created, and a later one never reaches it. GUI thread only.
-class TQWLRCEditorViewCtl : public kit::ViewController,
-                            public EditorContainer,
-                            public TQAudioPlayerObserver
+class TQWLRCEditorViewCtl : public kit::ViewController, public EditorContainer, public TQAudioPlayerObserver
 {
     Q_OBJECT
 
@@ -67,7 +65,10 @@ public:
     // The children. Each is made on first use, the player strip with the container.
     [[nodiscard]] std::shared_ptr<TQLRCEditorViewCtl> editorViewCtl();
     void setEditorViewCtl(std::shared_ptr<TQLRCEditorViewCtl> editor) { m_editorViewCtl = std::move(editor); }
-    [[nodiscard]] std::shared_ptr<TQLRCEditorMiniPlayerViewCtl> playerViewCtl() const { return m_playerViewCtl; }
+    [[nodiscard]] std::shared_ptr<TQLRCEditorMiniPlayerViewCtl> playerViewCtl() const
+    {
+        return m_playerViewCtl;
+    }
     void setPlayerViewCtl(std::shared_ptr<TQLRCEditorMiniPlayerViewCtl> player)
     {
         m_playerViewCtl = std::move(player);

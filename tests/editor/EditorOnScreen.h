@@ -33,7 +33,8 @@ struct EditorOnScreen
     }
     void edit(const char *identifier, int row, const QString &value) const
     {
-        editor->tableView_setObjectValue_forTableColumn_row(table(), value, QString::fromLatin1(identifier), row);
+        editor->tableView_setObjectValue_forTableColumn_row(
+            table(), value, QString::fromLatin1(identifier), row);
     }
     [[nodiscard]] QStringList columnIdentifiers() const
     {
@@ -55,19 +56,20 @@ struct EditorOnScreen
     {
         table()->selectSingleRow(first);
         for (int row = first + 1; row <= last; ++row) {
-            table()->selectionModel()->select(table()->model()->index(row, 0),
-                QItemSelectionModel::Select | QItemSelectionModel::Rows);
+            table()->selectionModel()->select(
+                table()->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
         }
     }
     void addRow(int row) const
     {
-        table()->selectionModel()->select(table()->model()->index(row, 0),
-            QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        table()->selectionModel()->select(
+            table()->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
     [[nodiscard]] QList<std::int64_t> times(int row) const
     {
         QList<std::int64_t> all;
-        for (const auto time : std::as_const(editor->song()).aryLines().at(static_cast<std::size_t>(row)).aryTimes()) {
+        for (const auto time :
+            std::as_const(editor->song()).aryLines().at(static_cast<std::size_t>(row)).aryTimes()) {
             all.append(time);
         }
         return all;

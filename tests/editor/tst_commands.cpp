@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
-#include "support/QtWarnings.h"
-#include "support/ModalDialogs.h"
-
 #include "editor/LeadingNumber.h"
+#include "support/ModalDialogs.h"
+#include "support/QtWarnings.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
-#include "support/QtWarnings.h"
-#include "support/ModalDialogs.h"
-
 #include "kit/DropTipView.h"
+#include "support/ModalDialogs.h"
+#include "support/QtWarnings.h"
 
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QTest>
@@ -58,7 +57,8 @@ private Q_SLOTS:
         QCOMPARE(column.minimumWidth, 80);
         QCOMPARE(column.maximumWidth, 100);
         QCOMPARE(screen.table()->columnWidth(1), 90);
-        QCOMPARE(screen.table()->model()->index(0, 1).data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignCenter));
+        QCOMPARE(
+            screen.table()->model()->index(0, 1).data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignCenter));
         QCOMPARE(screen.table()->model()->headerData(1, Qt::Horizontal, Qt::TextAlignmentRole).toInt(),
             int(Qt::AlignCenter));
         screen.table()->setColumnWidth(1, 300);
@@ -202,11 +202,45 @@ private Q_SLOTS:
     void bytesThatCannotBeShownSurviveAnEditBesideThem()
     {
         EditorOnScreen screen;
-        screen.load("[00:01.00]a\xff" "b c\n");
+        screen.load("[00:01.00]a\xff"
+                    "b c\n");
         QString typed = screen.cell("text", 0);
         typed.replace(QLatin1Char('c'), QStringLiteral("dé"));
         screen.edit("text", 0, typed);
-        QCOMPARE(screen.editor->songText(), QByteArray("[00:01.00]a\xff" "b d\xc3\xa9\n"));
+        QCOMPARE(screen.editor->songText(),
+            QByteArray("[00:01.00]a\xff"
+                       "b d\xc3\xa9\n"));
+    }
+
+    void whatCannotBeShownIsMarkedAndKept_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("NUL") << QByteArray("a\0b", 3) << QStringLiteral("a\uFFFDb");
+        QTest::newRow("line separator") << QByteArray("a\xe2\x80\xa8"
+                                                      "b")
+                                        << QStringLiteral("a b");
+        QTest::newRow("cut characters")
+            << QByteArray("\xe2\x82|\xf0\x9f\x8e|") << QStringLiteral("\uFFFD|\uFFFD|");
+        QTest::newRow("overlong") << QByteArray("\xf0\x80\x80\x80x")
+                                  << QStringLiteral("\uFFFD\uFFFD\uFFFD\uFFFDx");
+        QTest::newRow("stray continuation") << QByteArray("\x80\x80 x") << QStringLiteral("\uFFFD\uFFFD x");
+        QTest::newRow("beyond the plane, and wrong")
+            << QByteArray("\xf0\x9f\x8e\xb5\xff") << QStringLiteral("\U0001F3B5\uFFFD");
+    }
+
+    void whatCannotBeShownIsMarkedAndKept()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(QString, shown);
+        EditorOnScreen screen;
+        screen.load(stored);
+        QCOMPARE(screen.cell("text", 0), shown);
+        // Something typed at either end leaves the bytes in between as they are.
+        screen.edit("text", 0, QStringLiteral("<") + shown);
+        QCOMPARE(screen.editor->songText(), "<" + stored);
+        screen.edit("text", 0, QStringLiteral("<") + shown + QStringLiteral(">"));
+        QCOMPARE(screen.editor->songText(), "<" + stored + ">");
     }
 
     void reloadKeepsSelectionAndScrollAndReportsNothing()
@@ -255,8 +289,8 @@ private Q_SLOTS:
         screen.addRow(6);
         screen.addRow(4);
         QCOMPARE(screen.table()->selectedRow(), 4);
-        screen.table()->selectionModel()->select(screen.table()->model()->index(4, 0),
-            QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+        screen.table()->selectionModel()->select(
+            screen.table()->model()->index(4, 0), QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
         // 2 and 6 are equally near: the lower.
         QCOMPARE(screen.table()->selectedRow(), 2);
     }

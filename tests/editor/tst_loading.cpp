@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
-#include "support/QtWarnings.h"
-
 #include "kit/DropTipView.h"
+#include "support/QtWarnings.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QTemporaryDir>

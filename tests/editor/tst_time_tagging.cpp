@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "EditorOnScreen.h"
 #include "support/QtWarnings.h"
-
 #include "views/RBNoResponseTextFiled.h"
 
 #include <QtTest/QTest>
@@ -238,8 +237,8 @@ private Q_SLOTS:
         QTest::keyClick(screen.table(), Qt::Key_Return);
         QTRY_COMPARE(screen.times(0), QList<std::int64_t>({3000}));
         screen.editor->updatePlayerProgress(4.0);
-        QTest::mouseClick(screen.editor->btnInsertTime(), Qt::LeftButton,
-            {}, screen.editor->lblTabTime()->geometry().center());
+        QTest::mouseClick(screen.editor->btnInsertTime(), Qt::LeftButton, {},
+            screen.editor->lblTabTime()->geometry().center());
         QCOMPARE(screen.times(1), QList<std::int64_t>({4000}));
     }
 

@@ -49,7 +49,8 @@ private:
     std::shared_ptr<TQLRCEditorViewCtl> editor() const { return m_window->component()->editorViewCtl(); }
     void edit(const QString &text) const
     {
-        editor()->tableView_setObjectValue_forTableColumn_row(editor()->tableView(), text, QStringLiteral("text"), 0);
+        editor()->tableView_setObjectValue_forTableColumn_row(
+            editor()->tableView(), text, QStringLiteral("text"), 0);
     }
     void drop(QWidget *target, const QString &file) const
     {
@@ -209,7 +210,8 @@ private Q_SLOTS:
         bool asked = false;
         whenDialogOpens([&asked](QWidget &dialog) {
             asked = true;
-            QTest::mouseClick(dynamic_cast<QMessageBox &>(dialog).button(QMessageBox::Cancel), Qt::LeftButton);
+            QTest::mouseClick(
+                dynamic_cast<QMessageBox &>(dialog).button(QMessageBox::Cancel), Qt::LeftButton);
         });
         drop(widget, path("b.flac"));
         QTRY_VERIFY(asked);
@@ -218,7 +220,8 @@ private Q_SLOTS:
         bool askedAgain = false;
         whenDialogOpens([&askedAgain](QWidget &dialog) {
             askedAgain = true;
-            QTest::mouseClick(dynamic_cast<QMessageBox &>(dialog).button(QMessageBox::Discard), Qt::LeftButton);
+            QTest::mouseClick(
+                dynamic_cast<QMessageBox &>(dialog).button(QMessageBox::Discard), Qt::LeftButton);
         });
         drop(widget, path("b.flac"));
         QTRY_VERIFY(askedAgain);

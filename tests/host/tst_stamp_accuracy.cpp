@@ -93,7 +93,8 @@ private Q_SLOTS:
             const double position = player->position();
             const double reported = report->last;
             QTest::keyClick(editor->tableView(), Qt::Key_Return);
-            const auto &times = std::as_const(editor->song()).aryLines().at(static_cast<std::size_t>(row)).aryTimes();
+            const auto &times
+                = std::as_const(editor->song()).aryLines().at(static_cast<std::size_t>(row)).aryTimes();
             const auto stamp = static_cast<double>(times[times.size() - 1]);
             QVERIFY(std::abs(stamp - reported * 1000.0) <= kRoundingMillis);
             errors.push_back(stamp - position * 1000.0);
@@ -107,8 +108,8 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(errors.size(), std::size_t(kStamps), 60000);
 
         const double played = heard.back() - heard.front();
-        qInfo("%d stamps: mean error %.2f ms, standard deviation %.2f ms; %.0f reports per second played", kStamps,
-            mean(errors), deviation(errors), (report->count - reportsBefore) / played);
+        qInfo("%d stamps: mean error %.2f ms, standard deviation %.2f ms; %.0f reports per second played",
+            kStamps, mean(errors), deviation(errors), (report->count - reportsBefore) / played);
         QVERIFY(std::is_sorted(heard.begin(), heard.end()));
     }
 };

@@ -46,10 +46,7 @@ struct Setup
     {
         return std::make_shared<standin::Item>(lyric, QStringLiteral("Song"));
     }
-    void load(const std::shared_ptr<standin::Item> &item) const
-    {
-        container->flushWithAudioItem(item);
-    }
+    void load(const std::shared_ptr<standin::Item> &item) const { container->flushWithAudioItem(item); }
 
     standin::CallLog log = standin::newLog();
     std::shared_ptr<standin::Player> player = std::make_shared<standin::Player>(log);
@@ -110,10 +107,14 @@ private Q_SLOTS:
         container->setDelegate(first);
         QVERIFY(container->view());
         container->setDelegate(second);
-        QCOMPARE(container->editorViewCtl()->delegate(), std::static_pointer_cast<TQLRCEditorViewCtlDelegate>(first));
-        QCOMPARE(container->playerViewCtl()->delegate(), std::static_pointer_cast<TQLRCEditorViewCtlDelegate>(second));
-        QCOMPARE(container->editorViewCtl()->parentVC(), std::static_pointer_cast<EditorContainer>(container));
-        QCOMPARE(container->playerViewCtl()->parentVC(), std::static_pointer_cast<EditorContainer>(container));
+        QCOMPARE(container->editorViewCtl()->delegate(),
+            std::static_pointer_cast<TQLRCEditorViewCtlDelegate>(first));
+        QCOMPARE(container->playerViewCtl()->delegate(),
+            std::static_pointer_cast<TQLRCEditorViewCtlDelegate>(second));
+        QCOMPARE(
+            container->editorViewCtl()->parentVC(), std::static_pointer_cast<EditorContainer>(container));
+        QCOMPARE(
+            container->playerViewCtl()->parentVC(), std::static_pointer_cast<EditorContainer>(container));
     }
 
     void childrenAreLaidOutWithTheStripAtTheBottom()
@@ -170,7 +171,8 @@ private Q_SLOTS:
     void observesExactlyWhileThePlayerHoldsItsItem()
     {
         Setup setup;
-        setup.host->onPlay = [&setup](const std::shared_ptr<WXEAudioFile> &item) { setup.player->music = item; };
+        setup.host->onPlay
+            = [&setup](const std::shared_ptr<WXEAudioFile> &item) { setup.player->music = item; };
         setup.show();
         setup.load(Setup::item("a\n"));
         QVERIFY(setup.player->isRegistered(setup.container));
@@ -215,7 +217,8 @@ private Q_SLOTS:
         setup.show();
         setup.player->registObserver(setup.container);
         setup.player->tick(1.5);
-        QCOMPARE(*setup.log, QStringList({QStringLiteral("editor.progress 1.5"), QStringLiteral("strip.progress 1.5")}));
+        QCOMPARE(*setup.log,
+            QStringList({QStringLiteral("editor.progress 1.5"), QStringLiteral("strip.progress 1.5")}));
         setup.container->prPreviewClicked(nullptr);
         setup.log->clear();
         setup.player->tick(2.5);
@@ -225,7 +228,8 @@ private Q_SLOTS:
         setup.container->backFromPreview(nullptr);
         setup.log->clear();
         setup.player->tick(3.5);
-        QCOMPARE(*setup.log, QStringList({QStringLiteral("editor.progress 3.5"), QStringLiteral("strip.progress 3.5")}));
+        QCOMPARE(*setup.log,
+            QStringList({QStringLiteral("editor.progress 3.5"), QStringLiteral("strip.progress 3.5")}));
     }
 
     void progressOf83SecondsIsTruncatedToMilliseconds()
@@ -243,7 +247,8 @@ private Q_SLOTS:
         setup.load(Setup::item("[00:01.00]a\n"));
         setup.log->clear();
         setup.container->prPreviewClicked(nullptr);
-        QCOMPARE(*setup.log, QStringList({QStringLiteral("host.play"), QStringLiteral("preview.item [00:01.00]a")}));
+        QCOMPARE(*setup.log,
+            QStringList({QStringLiteral("host.play"), QStringLiteral("preview.item [00:01.00]a")}));
         QVERIFY(!setup.editor->view()->parentWidget());
         QCOMPARE(setup.preview->view()->parentWidget(), setup.container->view());
         QCOMPARE(setup.preview->view()->geometry(), QRect(0, 0, 900, 520));
@@ -343,7 +348,8 @@ private Q_SLOTS:
         setup.load(item);
         QCOMPARE(setup.editor->songText(), QByteArray("before\n"));
         QCOMPARE(*setup.log,
-            QStringList({QStringLiteral("editor.item"), QStringLiteral("strip.item"), QStringLiteral("host.play")}));
+            QStringList(
+                {QStringLiteral("editor.item"), QStringLiteral("strip.item"), QStringLiteral("host.play")}));
         QCOMPARE(setup.editor->audioFile(), std::static_pointer_cast<WXEAudioFile>(item));
     }
 

@@ -4,8 +4,8 @@
 #include "editor/TQLRCEditorViewCtl.h"
 #include "player/TQLRCEditorMiniPlayerViewCtl.h"
 #include "shell/TQWLRCEditorViewCtl.h"
-#include "support/StandIns.h"
 #include "support/QtWarnings.h"
+#include "support/StandIns.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QMainWindow>

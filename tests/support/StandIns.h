@@ -30,7 +30,9 @@ inline CallLog newLog()
 class Item final : public WXEAudioFile
 {
 public:
-    explicit Item(QByteArray lyric = {}, QString title = {}) : m_lyric(std::move(lyric)), m_title(std::move(title)) { }
+    explicit Item(QByteArray lyric = {}, QString title = {})
+        : m_lyric(std::move(lyric)), m_title(std::move(title))
+    { }
 
     [[nodiscard]] QString title() const override { return m_title; }
     [[nodiscard]] QString artist() const override { return {}; }
@@ -104,7 +106,8 @@ public:
     std::vector<std::weak_ptr<TQAudioPlayerObserver>> observers;
 
 private:
-    static bool sameOwner(const std::weak_ptr<TQAudioPlayerObserver> &a, const std::weak_ptr<TQAudioPlayerObserver> &b)
+    static bool sameOwner(
+        const std::weak_ptr<TQAudioPlayerObserver> &a, const std::weak_ptr<TQAudioPlayerObserver> &b)
     {
         return !a.owner_before(b) && !b.owner_before(a);
     }
@@ -174,7 +177,8 @@ public:
     }
     void pressPlayPause(QObject *sender) override
     {
-        calls.append(sender ? QStringLiteral("pressPlayPause by somebody") : QStringLiteral("pressPlayPause"));
+        calls.append(
+            sender ? QStringLiteral("pressPlayPause by somebody") : QStringLiteral("pressPlayPause"));
     }
     void flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item) override
     {
