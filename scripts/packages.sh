@@ -26,9 +26,9 @@ WHY[lint]="static analysis"
 PACKAGES[lint]="clang-tidy shellcheck"
 WHY[wayland]="showing windows on Wayland"
 PACKAGES[wayland]="qt6-wayland"
-WHY[screen]="a private screen and sound device, with someone to press the keys"
-PACKAGES[screen]="xvfb xdotool openbox pulseaudio pulseaudio-utils imagemagick ffmpeg
-    fonts-droid-fallback fonts-noto-color-emoji"
+WHY[screen]="a private screen, and someone who presses its keys and reads what it shows"
+PACKAGES[screen]="xvfb openbox xdotool imagemagick ffmpeg fonts-droid-fallback
+    fonts-noto-color-emoji at-spi2-core dbus python3 python3-gi gir1.2-atspi-2.0"
 
 # Those of the given packages that are not installed.
 missing_packages() {
