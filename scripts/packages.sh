@@ -13,11 +13,12 @@ PACKAGES[qt]="qt6-base-dev libqt6opengl6-dev qt6-tools-dev qt6-tools-dev-tools q
     qt6-svg-dev qt6-translations-l10n"
 WHY[audio]="playing and the waveform"
 PACKAGES[audio]="libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1.0-plugins-base
-    gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly gstreamer1.0-libav"
+    gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly gstreamer1.0-libav
+    gstreamer1.0-alsa gstreamer1.0-pulseaudio"
 WHY[tags]="reading and writing the tags of audio files"
 PACKAGES[tags]="libtag1-dev zlib1g-dev"
 WHY[tests]="the tests and their sample files"
-PACKAGES[tests]="libgtest-dev libgmock-dev ffmpeg fonts-dejavu-core"
+PACKAGES[tests]="libgtest-dev libgmock-dev ffmpeg fonts-dejavu-core pulseaudio pulseaudio-utils"
 WHY[bench]="the benchmarks"
 PACKAGES[bench]="libbenchmark-dev"
 WHY[format]="formatting"

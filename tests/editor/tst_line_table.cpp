@@ -184,7 +184,7 @@ private Q_SLOTS:
         QCOMPARE(screen.text(1), "zwei drei");
         QCOMPARE(screen.times(1), QList<std::int64_t>());
         QCOMPARE(screen.editor->songText(), QByteArray("[00:01.00]one\nzwei drei\n"));
-        QVERIFY(screen.container->calls.isEmpty());
+        QVERIFY(screen.container->told.isEmpty());
     }
 
     void committingAnUntouchedCellChangesNoByteAndTellsTheHost()

@@ -63,7 +63,7 @@ private Q_SLOTS:
         screen.editor->updatePlayerProgress(12.34);
         const int before = screen.host->changes;
         screen.editor->insertTimeTag();
-        QCOMPARE(screen.container->calls, QStringList({QStringLiteral("tryToPlay")}));
+        QCOMPARE(screen.container->told, QStringList({QStringLiteral("tryToPlay")}));
         QCOMPARE(screen.times(0), QList<std::int64_t>({12340}));
         QCOMPARE(screen.table()->selectedRow(), 1);
         QCOMPARE(screen.host->changes, before + 1);
@@ -223,7 +223,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(screen.view));
         screen.table()->setFocus();
         QTest::keyClick(screen.table(), Qt::Key_Space);
-        QCOMPARE(screen.container->calls, QStringList({QStringLiteral("pressPlayPause")}));
+        QCOMPARE(screen.container->told, QStringList({QStringLiteral("pressPlayPause")}));
         QVERIFY(!screen.table()->isEditingCell());
     }
 

@@ -5,7 +5,7 @@
 #include "shell/contracts/TQLRCEditorConfig.h"
 #include "shell/contracts/WXEAudioFileMgr.h"
 #include "support/QtWarnings.h"
-#include "support/RecordingStandIns.h"
+#include "support/StandIns.h"
 
 #include <QtCore/QLocale>
 #include <QtTest/QTest>
@@ -19,16 +19,16 @@ protected:
         support::failOnUnexpectedWarnings();
         gEditorConfig = std::make_shared<TQLRCEditorConfig>();
         gEditorConfig->setSupportDragAudioInto(true);
-        m_player = std::make_shared<support::StandInPlayer>();
-        m_item = std::make_shared<support::StandInItem>();
+        m_player = std::make_shared<standin::Player>();
+        m_item = std::make_shared<standin::Item>();
         m_item->titleText = "The Star";
         m_item->artistText = "Traditional";
         m_item->albumText = "Rhymes";
         m_item->seconds = 100;
         m_item->cover = QImage(8, 8, QImage::Format_RGB32);
         m_item->cover.fill(Qt::red);
-        m_host = std::make_shared<support::StandInHost>();
-        m_container = std::make_shared<support::StandInContainer>();
+        m_host = std::make_shared<standin::Host>();
+        m_container = std::make_shared<standin::Container>();
         m_strip = TQLRCEditorMiniPlayerViewCtl::initWithPlayer(m_player);
         m_strip->setDelegate(m_host);
         m_strip->setParentVC(m_container);
@@ -46,9 +46,9 @@ protected:
     [[nodiscard]] QString time() const { return m_strip->lblPlayerTime()->text(); }
     [[nodiscard]] QString image() const { return m_strip->btnPlay()->icon().name(); }
 
-    std::shared_ptr<support::StandInPlayer> m_player;
-    std::shared_ptr<support::StandInItem> m_item;
-    std::shared_ptr<support::StandInHost> m_host;
-    std::shared_ptr<support::StandInContainer> m_container;
+    std::shared_ptr<standin::Player> m_player;
+    std::shared_ptr<standin::Item> m_item;
+    std::shared_ptr<standin::Host> m_host;
+    std::shared_ptr<standin::Container> m_container;
     std::shared_ptr<TQLRCEditorMiniPlayerViewCtl> m_strip;
 };

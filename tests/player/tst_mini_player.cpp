@@ -182,19 +182,19 @@ void tst_MiniPlayer::whilePlayingAnotherFile()
 {
     load();
     m_strip->flushWithAudioItem(m_item);
-    m_player->current = std::make_shared<StandInItem>(*m_item); // equal, and not the same
+    m_player->music = std::make_shared<standin::Item>(*m_item); // equal, and not the same
     m_player->playing = true;
     m_strip->updatePlayPauseUI();
     QCOMPARE(image(), "pause");
     QVERIFY(!m_strip->isPlaying());
     QVERIFY(!m_strip->isPlayingCurrent());
-    m_player->current = m_item;
+    m_player->music = m_item;
     QVERIFY(m_strip->isPlaying());
     QVERIFY(m_strip->isPlayingCurrent());
     m_player->playing = false;
     QVERIFY(!m_strip->isPlaying());
     QVERIFY(m_strip->isPlayingCurrent());
-    m_player->current = nullptr;
+    m_player->music = nullptr;
     m_strip->flushWithAudioItem(nullptr);
     QVERIFY(!m_strip->isPlayingCurrent());
 }
@@ -274,7 +274,7 @@ void tst_MiniPlayer::destructionPausesAndStopsListening()
 {
     load();
     m_player->told.clear();
-    m_player->current = std::make_shared<StandInItem>(); // another one plays
+    m_player->music = std::make_shared<standin::Item>(); // another one plays
     m_player->playing = true;
     m_strip.reset();
     QCOMPARE(m_player->told, QStringList({"pause", "removeObserver"}));
@@ -296,7 +296,7 @@ void tst_MiniPlayer::destructionInAnyOrder()
     m_strip->sliderView_didChangeValue(nullptr, 5);
     m_host.reset();
     m_container.reset();
-    const std::weak_ptr<StandInPlayer> player = m_player;
+    const std::weak_ptr<standin::Player> player = m_player;
     m_player.reset();
     QVERIFY(!player.expired()); // the strip's, as long as it lives
     m_strip.reset();

@@ -35,7 +35,7 @@ void tst_MiniPlayerSeeking::dragOfThisPlayingItem()
 {
     load();
     m_strip->flushWithAudioItem(m_item);
-    m_player->current = m_item;
+    m_player->music = m_item;
     m_player->playing = true;
     m_player->told.clear();
     ProgressSliderView *const slider = m_strip->prgSlider();
@@ -57,13 +57,13 @@ void tst_MiniPlayerSeeking::dragWhilePausedOrElsewhere()
     load();
     m_strip->flushWithAudioItem(m_item);
     m_player->told.clear();
-    m_player->current = m_item; // paused
+    m_player->music = m_item; // paused
     m_strip->sliderView_beginDragAt(m_strip->prgSlider(), 10);
     QVERIFY(m_player->told.isEmpty());
     m_strip->sliderView_endDragAt(m_strip->prgSlider(), 20.5);
     QCOMPARE(m_player->told, QStringList({"seek 20.5", "lightPlay"}));
     m_player->told.clear();
-    m_player->current = std::make_shared<StandInItem>(); // another one plays
+    m_player->music = std::make_shared<standin::Item>(); // another one plays
     m_player->playing = true;
     m_strip->sliderView_beginDragAt(m_strip->prgSlider(), 10);
     QVERIFY(m_player->told.isEmpty());

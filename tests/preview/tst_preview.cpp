@@ -2,7 +2,7 @@
 #include "preview/RBPreviewBgView.h"
 #include "preview/RBPreviewViewController.h"
 #include "support/QtWarnings.h"
-#include "support/RecordingStandIns.h"
+#include "support/StandIns.h"
 
 #include <QtTest/QTest>
 
@@ -29,16 +29,16 @@ private Q_SLOTS:
     void controlsHaveNamesAndTips();
 
 private:
-    std::shared_ptr<StandInContainer> m_container;
-    std::shared_ptr<StandInItem> m_item;
+    std::shared_ptr<standin::Container> m_container;
+    std::shared_ptr<standin::Item> m_item;
     std::shared_ptr<RBPreviewViewController> m_preview;
 };
 
 void tst_Preview::init()
 {
     failOnUnexpectedWarnings();
-    m_container = std::make_shared<StandInContainer>();
-    m_item = std::make_shared<StandInItem>();
+    m_container = std::make_shared<standin::Container>();
+    m_item = std::make_shared<standin::Item>();
     m_item->titleText = "The Star";
     m_item->artistText = "Traditional";
     m_item->albumText = "Rhymes";
@@ -76,7 +76,7 @@ void tst_Preview::itemWithoutAnythingIsEmpty()
 {
     QVERIFY(m_preview->view() != nullptr);
     m_preview->flushWithAudio_lrcText(m_item, "[00:01.00]one");
-    m_preview->flushWithAudio_lrcText(std::make_shared<StandInItem>(), "[00:01.00]one");
+    m_preview->flushWithAudio_lrcText(std::make_shared<standin::Item>(), "[00:01.00]one");
     QCOMPARE(m_preview->lblTitle()->text(), "");
     QVERIFY(m_preview->imageview()->image().isNull());
     m_preview->flushWithAudio_lrcText(nullptr, "[00:01.00]one");

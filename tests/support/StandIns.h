@@ -27,34 +27,38 @@ inline CallLog newLog()
     return std::make_shared<QStringList>();
 }
 
+/// An audio item that is what the test says.
 class Item final : public WXEAudioFile
 {
 public:
     explicit Item(QByteArray lyric = {}, QString title = {})
-        : m_lyric(std::move(lyric)), m_title(std::move(title))
+        : titleText(std::move(title)), lrc(std::move(lyric))
     { }
 
-    [[nodiscard]] QString title() const override { return m_title; }
-    [[nodiscard]] QString artist() const override { return {}; }
-    [[nodiscard]] QString album() const override { return {}; }
-    [[nodiscard]] QImage frontCoverImg() const override { return {}; }
-    [[nodiscard]] double duration() const override { return 60.0; }
-    [[nodiscard]] QByteArray lyric() const override { return m_lyric; }
+    [[nodiscard]] QString title() const override { return titleText; }
+    [[nodiscard]] QString artist() const override { return artistText; }
+    [[nodiscard]] QString album() const override { return albumText; }
+    [[nodiscard]] QImage frontCoverImg() const override { return cover; }
+    [[nodiscard]] double duration() const override { return seconds; }
+    [[nodiscard]] QByteArray lyric() const override { return lrc; }
     void setLyric(const QByteArray &lyric) override
     {
-        m_lyric = lyric;
+        lrc = lyric;
         ++lyricWrites;
     }
     void refreshIsDirty() override { ++dirtyRefreshes; }
 
+    QString titleText;
+    QString artistText;
+    QString albumText;
+    QImage cover;
+    double seconds = 0;
+    QByteArray lrc;
     int lyricWrites = 0;
     int dirtyRefreshes = 0;
-
-private:
-    QByteArray m_lyric;
-    QString m_title;
 };
 
+/// A player that writes down what it is told, also in a log that it shares with others.
 class Player final : public TQAudioPlayerProtocol
 {
 public:
@@ -62,27 +66,29 @@ public:
 
     [[nodiscard]] bool isPlaying() const override { return playing; }
     [[nodiscard]] std::shared_ptr<WXEAudioFile> playingMusic() const override { return music; }
-    [[nodiscard]] double duration() const override { return 60.0; }
+    [[nodiscard]] double duration() const override { return seconds; }
     void play() override
     {
-        m_log->append(QStringLiteral("player.play"));
+        note(QStringLiteral("play"));
         playing = true;
     }
     void pause() override
     {
-        m_log->append(QStringLiteral("player.pause"));
+        note(QStringLiteral("pause"));
         playing = false;
     }
-    void seek(double seconds) override { m_log->append(QStringLiteral("player.seek %1").arg(seconds)); }
-    void lightPlay() override { m_log->append(QStringLiteral("player.lightPlay")); }
+    void seek(double position) override { note(QStringLiteral("seek %1").arg(position)); }
+    void lightPlay() override { note(QStringLiteral("lightPlay")); }
     void registObserver(const std::weak_ptr<TQAudioPlayerObserver> &observer) override
     {
+        told.append(QStringLiteral("registObserver"));
         if (!isRegistered(observer)) {
             observers.push_back(observer);
         }
     }
     void removeObserver(const std::weak_ptr<TQAudioPlayerObserver> &observer) override
     {
+        told.append(QStringLiteral("removeObserver"));
         std::erase_if(observers, [&observer](const auto &known) { return sameOwner(known, observer); });
     }
 
@@ -91,21 +97,28 @@ public:
         return std::any_of(observers.begin(), observers.end(),
             [&observer](const auto &known) { return sameOwner(known, observer); });
     }
-    void tick(double seconds)
+    void tick(double position)
     {
-        const auto told = observers;
-        for (const auto &observer : told) {
+        const auto listening = observers;
+        for (const auto &observer : listening) {
             if (const auto alive = observer.lock()) {
-                alive->audioPlayer_updateProgress(this, seconds);
+                alive->audioPlayer_updateProgress(this, position);
             }
         }
     }
 
     bool playing = false;
     std::shared_ptr<WXEAudioFile> music;
+    double seconds = 0;
+    QStringList told;
     std::vector<std::weak_ptr<TQAudioPlayerObserver>> observers;
 
 private:
+    void note(const QString &what)
+    {
+        told.append(what);
+        m_log->append(QStringLiteral("player.") + what);
+    }
     static bool sameOwner(
         const std::weak_ptr<TQAudioPlayerObserver> &a, const std::weak_ptr<TQAudioPlayerObserver> &b)
     {
@@ -167,41 +180,33 @@ public:
     int asked = 0;
 };
 
+/// A container that writes down what its children want.
 class Container final : public EditorContainer
 {
 public:
-    bool tryToPlay() override
-    {
-        calls.append(QStringLiteral("tryToPlay"));
-        return true;
-    }
-    void pressPlayPause(QObject *sender) override
-    {
-        calls.append(
-            sender ? QStringLiteral("pressPlayPause by somebody") : QStringLiteral("pressPlayPause"));
-    }
+    bool tryToPlay() override { return note("tryToPlay", nullptr); }
+    void pressPlayPause(QObject *by) override { note("pressPlayPause", by); }
     void flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item) override
     {
-        Q_UNUSED(item)
-        calls.append(QStringLiteral("flushWithAudioItem"));
+        note("flushWithAudioItem", nullptr);
+        flushed.push_back(item);
     }
-    void prPreviewClicked(QObject *sender) override
-    {
-        Q_UNUSED(sender)
-        calls.append(QStringLiteral("prPreviewClicked"));
-    }
-    void backFromPreview(QObject *sender) override
-    {
-        Q_UNUSED(sender)
-        calls.append(QStringLiteral("backFromPreview"));
-    }
-    void previewOffsetClicked(QObject *sender) override
-    {
-        Q_UNUSED(sender)
-        calls.append(QStringLiteral("previewOffsetClicked"));
-    }
+    void prPreviewClicked(QObject *by) override { note("prPreviewClicked", by); }
+    void backFromPreview(QObject *by) override { note("backFromPreview", by); }
+    void previewOffsetClicked(QObject *by) override { note("previewOffsetClicked", by); }
 
-    QStringList calls;
+    QStringList told;
+    /// Of the last call.
+    QObject *sender = nullptr;
+    std::vector<std::shared_ptr<WXEAudioFile>> flushed;
+
+private:
+    bool note(const char *what, QObject *by)
+    {
+        told.append(QString::fromLatin1(what));
+        sender = by;
+        return true;
+    }
 };
 
 } // namespace standin
