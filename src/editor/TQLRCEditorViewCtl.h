@@ -69,7 +69,18 @@ public:
     [[nodiscard]] RBNoResponseTextFiled *lblTabTime() const { return m_lblTabTime; }
     [[nodiscard]] QLineEdit *lblOffsetTime() const { return m_lblOffsetTime; }
     [[nodiscard]] QWidget *offsetSetView() const { return m_offsetSetView.get(); }
+    /// The table scrolls by itself: this is the table.
+    [[nodiscard]] QAbstractScrollArea *editorScrollView() const { return m_tableView; }
+    [[nodiscard]] QAbstractButton *btnInsertTitle() const { return m_btnInsertTitle; }
     [[nodiscard]] QAbstractButton *btnInsertTime() const { return m_btnInsertTime; }
+    [[nodiscard]] QAbstractButton *btnInsertArtist() const { return m_btnInsertArtist; }
+    [[nodiscard]] QAbstractButton *btnInsertEditBy() const { return m_btnInsertEditBy; }
+    [[nodiscard]] QAbstractButton *btnDelCur() const { return m_btnDelCur; }
+    [[nodiscard]] QAbstractButton *btnDelAll() const { return m_btnDelAll; }
+    [[nodiscard]] QAbstractButton *btnOffset() const { return m_btnOffset; }
+    [[nodiscard]] QAbstractButton *btnPreview() const { return m_btnPreview; }
+    [[nodiscard]] QAbstractButton *btnRestoreAll() const { return m_btnRestoreAll; }
+    [[nodiscard]] QAbstractButton *btnInsertAlbum() const { return m_btnInsertAlbum; }
 
     // Loading, change tracking, serialising
     /// Stores the item; does not read its lyric.

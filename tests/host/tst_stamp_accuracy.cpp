@@ -85,6 +85,8 @@ private Q_SLOTS:
         std::uniform_int_distribution<int> pause(17, 83);
         std::vector<double> errors;
         std::vector<double> heard;
+        bool everyStampIsTheLastReport = true;
+        QEventLoop loop;
         QTimer presses;
         presses.setTimerType(Qt::PreciseTimer);
         presses.setSingleShot(true);
@@ -96,16 +98,23 @@ private Q_SLOTS:
             const auto &times
                 = std::as_const(editor->song()).aryLines().at(static_cast<std::size_t>(row)).aryTimes();
             const auto stamp = static_cast<double>(times[times.size() - 1]);
-            QVERIFY(std::abs(stamp - reported * 1000.0) <= kRoundingMillis);
+            everyStampIsTheLastReport
+                = everyStampIsTheLastReport && std::abs(stamp - reported * 1000.0) <= kRoundingMillis;
             errors.push_back(stamp - position * 1000.0);
             heard.push_back(position);
             if (errors.size() < kStamps) {
                 presses.start(pause(random));
+            } else {
+                loop.quit();
             }
         });
         const int reportsBefore = report->count;
         presses.start(pause(random));
-        QTRY_COMPARE_WITH_TIMEOUT(errors.size(), std::size_t(kStamps), 60000);
+        QTimer::singleShot(60000, &loop, &QEventLoop::quit);
+        // A loop of events as in the program: the waiting macros look away for 10 ms at a time.
+        loop.exec();
+        QCOMPARE(errors.size(), std::size_t(kStamps));
+        QVERIFY(everyStampIsTheLastReport);
 
         const double played = heard.back() - heard.front();
         qInfo("%d stamps: mean error %.2f ms, standard deviation %.2f ms; %.0f reports per second played",
