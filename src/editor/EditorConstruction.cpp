@@ -4,6 +4,7 @@
 #include "editor/LineColumns.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "kit/AccentButton.h"
+#include "kit/Separator.h"
 #include "kit/Theme.h"
 #include "resources/Localized.h"
 #include "resources/TQLrcUtils.h"
@@ -23,8 +24,11 @@ namespace {
 
 // Below this width, in logical pixels, the toolbar's words go and its pictures stay.
 constexpr int kWidthForWords = 860;
+// Below this one the gaps between the groups go, too.
+constexpr int kWidthForGroups = 640;
 constexpr int kToolWidth = 64;
 constexpr int kToolWidthWithoutWords = 40;
+constexpr int kNarrowToolWidth = 30;
 
 // The accent has an ink of its own; on all else a picture follows the text.
 QColor inkOf(const QAbstractButton &button)
@@ -91,11 +95,18 @@ void TQLRCEditorViewCtl::viewDidLoad()
 void TQLRCEditorViewCtl::viewWillLayout()
 {
     ViewController::viewWillLayout();
-    const bool words = view()->width() >= kWidthForWords;
-    const auto style = words ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly;
+    const int width = view()->width();
+    const bool words = width >= kWidthForWords;
+    const bool groups = width >= kWidthForGroups;
     for (QToolButton *button : view()->findChildren<QToolButton *>()) {
-        button->setToolButtonStyle(style);
-        button->setMinimumWidth(words ? kToolWidth : kToolWidthWithoutWords);
+        button->setToolButtonStyle(words ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+        button->setMinimumWidth(words ? kToolWidth : (groups ? kToolWidthWithoutWords : kNarrowToolWidth));
+    }
+    if (QLayout *toolBar = view()->findChild<QLayout *>(QStringLiteral("layoutToolBar"))) {
+        toolBar->setSpacing(groups ? kit::kSpacingTiny : 0);
+    }
+    for (kit::Separator *separator : view()->findChildren<kit::Separator *>()) {
+        separator->setVisible(groups || separator->orientation() == Qt::Horizontal);
     }
     if (auto *key = view()->findChild<QLabel *>(QStringLiteral("lblStampKey"))) {
         key->setVisible(words);

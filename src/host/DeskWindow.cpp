@@ -9,12 +9,15 @@
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
+#include <QtCore/QStandardPaths>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QIcon>
+#include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QStatusBar>
 
 #include <utility>
@@ -28,8 +31,7 @@ DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
     m_component->setDelegate(std::weak_ptr<TQLRCEditorViewCtlDelegate>(m_playback));
     setCentralWidget(m_component->view());
     setWindowIcon(QIcon(QStringLiteral(":/tqlrceditor/lyricdesk.svg")));
-    setMinimumSize(480, 320);
-    resize(1040, 700);
+    resize(QSize(1040, 700).boundedTo(screen()->availableSize() * 0.9));
     setAcceptDrops(true);
     statusBar()->setSizeGripEnabled(false);
     buildFileMenu();
@@ -93,22 +95,47 @@ void DeskWindow::wirePlayer()
 
 void DeskWindow::chooseSong()
 {
-    const QString folder = m_song ? QFileInfo(m_song->path()).path() : QString();
+    const QString folder = m_song && !isDemonstrationSong(m_song->path())
+        ? QFileInfo(m_song->path()).path()
+        : QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
     const QString path = QFileDialog::getOpenFileName(this, tr("Open song"), folder, songFileFilter());
     if (!path.isEmpty()) {
         open(path);
     }
 }
 
-bool DeskWindow::open(const QString &path)
+std::shared_ptr<media::TaggedAudioFile> DeskWindow::readable(const QString &path)
 {
     const auto [item, message] = media::TaggedAudioFile::open(path);
     if (!item) {
-        tell(tr("This song was not opened"), message);
+        tell(tr("“%1” was not opened").arg(QFileInfo(path).fileName()), message);
+    }
+    return item;
+}
+
+bool DeskWindow::open(const QString &path)
+{
+    // Read first: what cannot be read replaces nothing, and nobody is asked because of it.
+    auto item = readable(path);
+    if (!item) {
         return false;
     }
-    if (!mayReplaceSong()) {
-        return false;
+    m_component->commitEditing();
+    if (hasUnsavedChanges()) {
+        const QByteArray text = m_component->songText();
+        const Leave leave = m_song ? askToLeaveSong() : askToTakeLyricTo(*item);
+        if (leave == Leave::Stay) {
+            return false;
+        }
+        // Read again: it may be the very file that was just saved.
+        item = readable(path);
+        if (!item) {
+            return false;
+        }
+        if (leave == Leave::WithLyric) {
+            item->setLyric(text);
+            item->refreshIsDirty();
+        }
     }
     statusBar()->clearMessage();
     m_song = item;
@@ -153,26 +180,55 @@ bool DeskWindow::hasUnsavedChanges() const
     return m_song ? m_song->isDirty() || text != m_song->lyric() : !text.isEmpty();
 }
 
-bool DeskWindow::mayReplaceSong()
+DeskWindow::Leave DeskWindow::askToLeaveSong()
 {
-    m_component->commitEditing();
-    if (!hasUnsavedChanges()) {
-        return true;
-    }
-    QMessageBox question(QMessageBox::Question, tr("Unsaved lyric"),
-        tr("The lyric of “%1” has changes that are not saved.").arg(windowTitleOfSong()),
+    QMessageBox question(QMessageBox::Question, QApplication::applicationName(),
+        tr("The lyric of “%1” has changes that are not saved.").arg(nameOfSong()),
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     question.setTextFormat(Qt::PlainText);
     question.setInformativeText(tr("If you do not save them, they are lost."));
+    question.button(QMessageBox::Save)->setText(tr("&Save"));
+    question.button(QMessageBox::Discard)->setText(tr("&Don't save"));
+    question.button(QMessageBox::Cancel)->setText(tr("&Cancel"));
     question.setDefaultButton(QMessageBox::Save);
     switch (question.exec()) {
     case QMessageBox::Save:
-        return save();
+        return save() ? Leave::WithoutLyric : Leave::Stay;
     case QMessageBox::Discard:
-        return true;
+        return Leave::WithoutLyric;
     default:
-        return false;
+        return Leave::Stay;
     }
+}
+
+DeskWindow::Leave DeskWindow::askToTakeLyricTo(const media::TaggedAudioFile &next)
+{
+    const QString name = QFileInfo(next.path()).fileName();
+    QMessageBox question(QMessageBox::Question, QApplication::applicationName(),
+        tr("The lyric that you wrote belongs to no song yet. Use it for “%1”?").arg(name),
+        QMessageBox::Yes | QMessageBox::Discard | QMessageBox::Cancel, this);
+    question.setTextFormat(Qt::PlainText);
+    question.setInformativeText(next.lyric().isEmpty()
+            ? tr("It goes into the file when you save.")
+            : tr("When you save, it takes the place of the lyric that the file carries."));
+    question.button(QMessageBox::Yes)->setText(tr("&Use it"));
+    question.button(QMessageBox::Discard)->setText(tr("&Don't keep it"));
+    question.button(QMessageBox::Cancel)->setText(tr("&Cancel"));
+    question.setDefaultButton(QMessageBox::Yes);
+    switch (question.exec()) {
+    case QMessageBox::Yes:
+        return Leave::WithLyric;
+    case QMessageBox::Discard:
+        return Leave::WithoutLyric;
+    default:
+        return Leave::Stay;
+    }
+}
+
+bool DeskWindow::mayClose()
+{
+    m_component->commitEditing();
+    return !hasUnsavedChanges() || askToLeaveSong() != Leave::Stay;
 }
 
 void DeskWindow::playOrPause()
@@ -188,7 +244,7 @@ void DeskWindow::showAbout()
             .arg(QApplication::applicationVersion()));
 }
 
-QString DeskWindow::windowTitleOfSong() const
+QString DeskWindow::nameOfSong() const
 {
     if (!m_song) {
         return tr("No song");
@@ -199,8 +255,7 @@ QString DeskWindow::windowTitleOfSong() const
 void DeskWindow::updateTitle()
 {
     // A doubled mark stands for itself and is not taken for the place of the unsaved sign.
-    const QString song
-        = windowTitleOfSong().simplified().replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    const QString song = nameOfSong().simplified().replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     setWindowTitle(song + QStringLiteral("[*] – lyricdesk"));
     setWindowFilePath(m_song ? m_song->path() : QString());
 }
@@ -212,7 +267,7 @@ void DeskWindow::updateModified()
 
 void DeskWindow::tell(const QString &what, const QString &message)
 {
-    QMessageBox box(QMessageBox::Warning, what, what, QMessageBox::Ok, this);
+    QMessageBox box(QMessageBox::Warning, QApplication::applicationName(), what, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(message);
     box.exec();
@@ -220,7 +275,7 @@ void DeskWindow::tell(const QString &what, const QString &message)
 
 void DeskWindow::closeEvent(QCloseEvent *event)
 {
-    if (!mayReplaceSong()) {
+    if (!mayClose()) {
         event->ignore();
         return;
     }

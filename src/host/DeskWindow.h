@@ -57,10 +57,15 @@ private:
     void chooseSong();
     void playOrPause();
     void showAbout();
-    [[nodiscard]] QString windowTitleOfSong() const;
+    [[nodiscard]] QString nameOfSong() const;
     void updateTitle();
     void updateModified();
-    [[nodiscard]] bool mayReplaceSong();
+    enum class Leave { Stay, WithoutLyric, WithLyric };
+
+    [[nodiscard]] Leave askToLeaveSong();
+    [[nodiscard]] Leave askToTakeLyricTo(const media::TaggedAudioFile &next);
+    [[nodiscard]] bool mayClose();
+    [[nodiscard]] std::shared_ptr<media::TaggedAudioFile> readable(const QString &path);
     [[nodiscard]] bool isSongDrop(QObject *watched, const QMimeData *dragged) const;
     void tell(const QString &what, const QString &message);
 

@@ -14,13 +14,26 @@ namespace desk {
 
 namespace {
 
-const QStringList &suffixes()
+const QStringList &readableSuffixes()
 {
     static const QStringList all = {QStringLiteral("mp3"), QStringLiteral("flac"), QStringLiteral("m4a"),
-        QStringLiteral("ogg"), QStringLiteral("oga"), QStringLiteral("opus"), QStringLiteral("aiff"),
-        QStringLiteral("aif"), QStringLiteral("wma"), QStringLiteral("wav"), QStringLiteral("ape"),
-        QStringLiteral("asf"), QStringLiteral("aac"), QStringLiteral("wv")};
+        QStringLiteral("ogg"), QStringLiteral("oga"), QStringLiteral("opus")};
     return all;
+}
+
+// Songs all the same: who drops one is told why it cannot be opened.
+const QStringList &otherSuffixes()
+{
+    static const QStringList all
+        = {QStringLiteral("aiff"), QStringLiteral("aif"), QStringLiteral("wma"), QStringLiteral("wav"),
+            QStringLiteral("ape"), QStringLiteral("asf"), QStringLiteral("aac"), QStringLiteral("wv")};
+    return all;
+}
+
+QString demonstrationPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+        + QStringLiteral("/the-star.mp3");
 }
 
 QString notWritable(const QString &path, const QString &reason)
@@ -34,7 +47,9 @@ QString notWritable(const QString &path, const QString &reason)
 
 bool looksLikeSong(const QString &path)
 {
-    return suffixes().contains(QFileInfo(path).suffix(), Qt::CaseInsensitive);
+    const QString suffix = QFileInfo(path).suffix();
+    return readableSuffixes().contains(suffix, Qt::CaseInsensitive)
+        || otherSuffixes().contains(suffix, Qt::CaseInsensitive);
 }
 
 QString firstLocalFile(const QMimeData *data)
@@ -46,24 +61,29 @@ QString firstLocalFile(const QMimeData *data)
 QString songFileFilter()
 {
     QStringList patterns;
-    for (const QString &suffix : suffixes()) {
+    for (const QString &suffix : readableSuffixes()) {
         patterns.append(QStringLiteral("*.") + suffix);
     }
     return QCoreApplication::translate("desk", "Songs (%1);;All files (*)")
         .arg(patterns.join(QLatin1Char(' ')));
 }
 
+bool isDemonstrationSong(const QString &path)
+{
+    return path == demonstrationPath();
+}
+
 QString demonstrationSong(QString *message)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    const QString path = folder + QStringLiteral("/the-star.mp3");
+    const QString path = demonstrationPath();
     if (QFile::exists(path)) {
         return path;
     }
     QFile source(QStringLiteral(":/lyricdesk/demo/the-star.mp3"));
     QSaveFile target(path);
-    if (!QDir().mkpath(folder) || !source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly)
-        || target.write(source.readAll()) != source.size() || !target.commit()) {
+    if (!QDir().mkpath(QFileInfo(path).path()) || !source.open(QIODevice::ReadOnly)
+        || !target.open(QIODevice::WriteOnly) || target.write(source.readAll()) != source.size()
+        || !target.commit()) {
         *message = notWritable(path, target.errorString());
         return {};
     }

@@ -5,7 +5,10 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QLineEdit>
+
+#include <limits>
 
 namespace kit {
 
@@ -13,12 +16,17 @@ namespace {
 
 // What every style leaves free around the text of a cell.
 constexpr int kStyleMargin = 3;
+// What a line edit leaves free within its text margins.
+constexpr int kFieldMargin = 2;
+constexpr int kFocusMarkWidth = 3;
 
 // What is typed as text, or moves in it, belongs to the editor and not to a shortcut.
 bool isTyping(const QKeyEvent &event)
 {
     const auto commands = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    return commands == Qt::NoModifier || !event.text().isEmpty();
+    // Held together they are the third level of some keyboards, and only then a character is typed.
+    const bool thirdLevel = commands == (Qt::ControlModifier | Qt::AltModifier);
+    return commands == Qt::NoModifier || (thirdLevel && !event.text().isEmpty() && event.text()[0].isPrint());
 }
 
 } // namespace
@@ -29,6 +37,10 @@ QWidget *CellEditingDelegate::createEditor(
     QWidget *editor = QStyledItemDelegate::createEditor(parent, option, index);
     if (auto *field = qobject_cast<QLineEdit *>(editor)) {
         field->setFrame(false);
+        // Where the text of the cell stands, the editor's has to stand too.
+        field->setTextMargins(kCellMargin - kFieldMargin, 0, kCellMargin - kFieldMargin, 0);
+        // The toolkit's own limit would cut a long line that was only looked at.
+        field->setMaxLength(std::numeric_limits<int>::max());
         field->setAlignment(static_cast<Qt::Alignment>(index.data(Qt::TextAlignmentRole).toInt()));
         field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     }
@@ -100,6 +112,12 @@ void CellEditingDelegate::paint(
     inner.rect.adjust(kCellMargin - kStyleMargin, 0, kStyleMargin - kCellMargin, 0);
     QStyledItemDelegate::paint(painter, inner, index);
     painter->save();
+    const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
+    if (index.column() == 0 && (option.state & QStyle::State_Selected) && view && view->hasFocus()) {
+        // Where the keys go: seen without telling one colour from another.
+        painter->fillRect(QRect(option.rect.topLeft(), QSize(kFocusMarkWidth, option.rect.height() - 1)),
+            themeOf(option.palette).focus);
+    }
     painter->setPen(QPen(themeOf(option.palette).line, 0));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     painter->restore();

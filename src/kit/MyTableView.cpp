@@ -3,7 +3,6 @@
 
 #include "kit/CellEditingDelegate.h"
 #include "kit/DataSourceTableModel.h"
-#include "kit/DropTipView.h"
 #include "kit/QuietHeader.h"
 #include "kit/Theme.h"
 
@@ -19,19 +18,48 @@
 #include <algorithm>
 #include <utility>
 
+/// While it lives a selection change is not told but noted; it is told when the last one goes.
+///
+/// The toolkit goes on with its own selection after it told us of a change. A host that closes its
+/// window when it hears of one would take the ground from under it.
+class MyTableView::HeldReport
+{
+public:
+    explicit HeldReport(MyTableView *table) : m_table(table) { ++m_table->m_heldReports; }
+    HeldReport(const HeldReport &) = delete;
+    HeldReport &operator=(const HeldReport &) = delete;
+    ~HeldReport()
+    {
+        if (!m_table || --m_table->m_heldReports > 0) {
+            return;
+        }
+        if (std::exchange(m_table->m_selectionChanged, false)) {
+            m_table->reportSelection();
+        }
+    }
+
+private:
+    QPointer<MyTableView> m_table;
+};
+
 MyTableView::MyTableView(QWidget *parent)
     : QTableView(parent), m_model(new kit::DataSourceTableModel(this)),
-      m_cellDelegate(new kit::CellEditingDelegate(this)), m_dropTipView(new DropTipView(viewport()))
+      m_cellDelegate(new kit::CellEditingDelegate(this)),
+      m_dropTipView(new DropTipView(parent ? parent : viewport()))
 {
     setModel(m_model);
     setItemDelegate(m_cellDelegate);
     configure();
     wireSelection();
     applyTheme();
+    setTabOrder(this, m_dropTipView);
     placeDropTipView();
 }
 
-MyTableView::~MyTableView() = default;
+MyTableView::~MyTableView()
+{
+    delete m_dropTipView;
+}
 
 void MyTableView::configure()
 {
@@ -104,15 +132,25 @@ void MyTableView::replaceColumnsFrom(int first, std::vector<kit::TableColumn> co
     // The selection is of whole rows: it must reach over the new columns, too.
     const kit::RowRanges rows = selectedRowRanges();
     const int row = currentIndex().row();
+    const int column = std::max(0, currentIndex().column());
+    const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    // The current cell goes with its column, and the view would follow it.
+    setAutoScroll(false);
     m_model->replaceColumnsFrom(first, std::move(columns));
     selectionModel()->select(kit::wholeRows(rows, *m_model), QItemSelectionModel::ClearAndSelect);
-    selectionModel()->setCurrentIndex(m_model->index(row, 0), QItemSelectionModel::NoUpdate);
+    selectionModel()->setCurrentIndex(
+        m_model->index(row, std::min(column, numberOfColumns() - 1)), QItemSelectionModel::NoUpdate);
+    setAutoScroll(true);
 
     const auto &all = m_model->columns();
-    for (std::size_t column = static_cast<std::size_t>(std::max(first, 0)); column < all.size(); ++column) {
-        setColumnWidth(static_cast<int>(column), all[column].width);
+    for (std::size_t replaced = static_cast<std::size_t>(std::max(first, 0)); replaced < all.size();
+         ++replaced) {
+        setColumnWidth(static_cast<int>(replaced), all[replaced].width);
     }
     fitFillingColumn();
+    updateGeometries();
+    horizontalScrollBar()->setValue(scrolled.x());
+    verticalScrollBar()->setValue(scrolled.y());
 }
 
 void MyTableView::setColumnTitle(const QString &identifier, const QString &title)
@@ -161,12 +199,19 @@ int MyTableView::selectedRow() const
 
 void MyTableView::selectSingleRow(int row)
 {
-    if (row < 0 || row >= numberOfRows()) {
+    const QPointer<MyTableView> alive(this);
+    // What is being typed belongs to the line that was selected when it was begun.
+    commitEditing();
+    if (!alive || row < 0 || row >= numberOfRows()) {
         return;
     }
-    selectionModel()->setCurrentIndex(
-        m_model->index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const HeldReport held(this);
+    const int across = horizontalScrollBar()->value();
     m_lastAddedRow = row;
+    selectionModel()->setCurrentIndex(m_model->index(row, std::max(0, currentIndex().column())),
+        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    // A row is selected without moving sideways.
+    horizontalScrollBar()->setValue(across);
 }
 
 void MyTableView::scrollRowToVisible(int row)
@@ -181,11 +226,14 @@ void MyTableView::scrollRowToVisible(int row)
 
 void MyTableView::rowsSelected(const QItemSelection &selected)
 {
-    const int added = kit::farthestEnd(kit::rowRanges(selected), m_lastAddedRow);
-    if (!m_reloading && added >= 0) {
-        m_lastAddedRow = added;
+    if (m_reloading) {
+        return;
     }
-    if (!m_reloading) {
+    const int added = kit::farthestEnd(kit::rowRanges(selected), m_lastAddedRow);
+    m_lastAddedRow = added >= 0 ? added : selectedRow();
+    if (m_heldReports > 0) {
+        m_selectionChanged = true;
+    } else {
         reportSelection();
     }
 }
@@ -265,11 +313,43 @@ void MyTableView::updateGeometries()
 
 void MyTableView::placeDropTipView()
 {
-    m_dropTipView->setGeometry(viewport()->rect());
-    m_dropTipView->setVisible(numberOfRows() == 0);
-    if (m_dropTipView->isVisible()) {
-        m_dropTipView->raise();
+    if (!m_dropTipView) {
+        return;
     }
+    QWidget *around = parentWidget() ? parentWidget() : viewport();
+    if (m_dropTipView->parentWidget() != around) {
+        m_dropTipView->setParent(around);
+    }
+    m_dropTipView->setGeometry(QRect(viewport()->mapTo(around, QPoint(0, 0)), viewport()->size()));
+    m_dropTipView->setVisible(numberOfRows() == 0 && !isHidden());
+    m_dropTipView->raise();
+}
+
+bool MyTableView::event(QEvent *event)
+{
+    const bool handled = QTableView::event(event);
+    if (event->type() == QEvent::ParentChange) {
+        placeDropTipView();
+    }
+    return handled;
+}
+
+void MyTableView::moveEvent(QMoveEvent *event)
+{
+    QTableView::moveEvent(event);
+    placeDropTipView();
+}
+
+void MyTableView::showEvent(QShowEvent *event)
+{
+    QTableView::showEvent(event);
+    placeDropTipView();
+}
+
+void MyTableView::hideEvent(QHideEvent *event)
+{
+    QTableView::hideEvent(event);
+    placeDropTipView();
 }
 
 void MyTableView::keyPressEvent(QKeyEvent *event)
@@ -287,7 +367,38 @@ void MyTableView::keyPressEvent(QKeyEvent *event)
         delegate->deleteFileDown(this);
         return;
     }
+    const HeldReport held(this);
     QTableView::keyPressEvent(event);
+}
+
+void MyTableView::mousePressEvent(QMouseEvent *event)
+{
+    const HeldReport held(this);
+    QTableView::mousePressEvent(event);
+}
+
+void MyTableView::mouseMoveEvent(QMouseEvent *event)
+{
+    const HeldReport held(this);
+    QTableView::mouseMoveEvent(event);
+}
+
+void MyTableView::mouseReleaseEvent(QMouseEvent *event)
+{
+    const HeldReport held(this);
+    QTableView::mouseReleaseEvent(event);
+}
+
+void MyTableView::focusInEvent(QFocusEvent *event)
+{
+    QTableView::focusInEvent(event);
+    viewport()->update();
+}
+
+void MyTableView::focusOutEvent(QFocusEvent *event)
+{
+    QTableView::focusOutEvent(event);
+    viewport()->update();
 }
 
 void MyTableView::contextMenuEvent(QContextMenuEvent *event)
@@ -298,13 +409,54 @@ void MyTableView::contextMenuEvent(QContextMenuEvent *event)
     }
 }
 
+QModelIndex MyTableView::editableCell(const QModelIndex &index) const
+{
+    const auto isEditable
+        = [this](const QModelIndex &cell) { return bool(m_model->flags(cell) & Qt::ItemIsEditable); };
+    if (!index.isValid() || isEditable(index)) {
+        return index;
+    }
+    for (int column = numberOfColumns() - 1; column >= 0; --column) {
+        if (const QModelIndex cell = index.siblingAtColumn(column); isEditable(cell)) {
+            return cell;
+        }
+    }
+    return index;
+}
+
+bool MyTableView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    const bool byUser = trigger == DoubleClicked || trigger == EditKeyPressed;
+    if (!byUser || isEditingCell()) {
+        return QTableView::edit(index, trigger, event);
+    }
+    // The key edits the text of a row whose current cell cannot be edited.
+    const QPersistentModelIndex cell(trigger == EditKeyPressed ? editableCell(index) : index);
+    // An edit goes to the selected line, so the line that is edited has to be it.
+    const QPointer<MyTableView> alive(this);
+    if (cell.isValid() && cell.row() != selectedRow()) {
+        selectSingleRow(cell.row());
+    }
+    if (!alive || !cell.isValid()) {
+        return false;
+    }
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
+    return QTableView::edit(cell, trigger, event);
+}
+
 void MyTableView::editColumn_row_select(int column, int row, bool select)
 {
+    const QPointer<MyTableView> alive(this);
+    selectSingleRow(row);
+    if (!alive) {
+        return;
+    }
     const QModelIndex cell = m_model->index(row, column);
     if (!cell.isValid() || !(m_model->flags(cell) & Qt::ItemIsEditable)) {
         return;
     }
-    setCurrentIndex(cell);
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
+    scrollTo(cell);
     edit(cell);
     // The view opens every editor with its text selected.
     if (auto *field = qobject_cast<QLineEdit *>(m_cellDelegate->editor()); field && !select) {
@@ -338,9 +490,10 @@ void MyTableView::commitEditing()
     if (m_committing) {
         return;
     }
-    if (QPointer<QWidget> editor = m_cellDelegate->editor()) {
+    if (const QPointer<QWidget> editor = m_cellDelegate->editor()) {
+        const QPointer<MyTableView> alive(this);
         commitData(editor);
-        if (editor) {
+        if (alive && editor) {
             closeEditor(editor, QAbstractItemDelegate::NoHint);
         }
     }
@@ -348,6 +501,11 @@ void MyTableView::commitEditing()
 
 void MyTableView::commitData(QWidget *editor)
 {
-    const QScopedValueRollback committing(m_committing, true);
+    // The host hears of the edit in here, and may let go of everything.
+    const QPointer<MyTableView> alive(this);
+    const bool wasCommitting = std::exchange(m_committing, true);
     QTableView::commitData(editor);
+    if (alive) {
+        m_committing = wasCommitting;
+    }
 }

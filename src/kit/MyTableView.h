@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/DropTipView.h"
 #include "kit/RowSelection.h"
 #include "kit/TableDataSource.h"
 
@@ -10,7 +11,6 @@
 #include <memory>
 #include <optional>
 
-class DropTipView;
 class QMenu;
 
 namespace kit {
@@ -100,7 +100,18 @@ public:
     void commitEditing();
 
 protected:
+    using QTableView::edit;
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void moveEvent(QMoveEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void keyboardSearch(const QString &search) override { Q_UNUSED(search) }
     void contextMenuEvent(QContextMenuEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -109,6 +120,8 @@ protected:
     void updateGeometries() override;
 
 private:
+    class HeldReport;
+
     void configure();
     void applyTheme();
     void wireSelection();
@@ -116,13 +129,17 @@ private:
     void reportSelection();
     void keepColumnWithinLimits(int column, int width);
     void fitFillingColumn();
+    [[nodiscard]] QModelIndex editableCell(const QModelIndex &index) const;
     void placeDropTipView();
 
     std::weak_ptr<MyTableViewDelegate> m_reloadDelegate;
     kit::DataSourceTableModel *m_model = nullptr;
     kit::CellEditingDelegate *m_cellDelegate = nullptr;
-    DropTipView *m_dropTipView = nullptr;
+    // Beside the table, not in it: what reads the screen aloud knows a table's cells only.
+    QPointer<DropTipView> m_dropTipView;
     int m_lastAddedRow = -1;
+    int m_heldReports = 0;
+    bool m_selectionChanged = false;
     bool m_reloading = false;
     bool m_committing = false;
     bool m_fittingColumns = false;

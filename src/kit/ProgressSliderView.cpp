@@ -29,7 +29,8 @@ void drawBar(QPainter &painter, const QRectF &bar, const QColor &color)
 
 ProgressSliderView::ProgressSliderView(QWidget *parent) : QWidget(parent)
 {
-    setFocusPolicy(Qt::StrongFocus);
+    // A click leaves the keys where they are: with the line that is to be stamped.
+    setFocusPolicy(Qt::TabFocus);
     kit::installSliderAccessible();
 }
 

@@ -27,6 +27,7 @@ QPixmap tinted(QPixmap picture, const QColor &color)
 RoundButton::RoundButton(QWidget *parent) : QPushButton(parent)
 {
     setAutoDefault(false);
+    setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
 }
 

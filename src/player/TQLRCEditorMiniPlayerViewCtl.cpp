@@ -129,7 +129,7 @@ void TQLRCEditorMiniPlayerViewCtl::updatePlayerProgress(double seconds)
 void TQLRCEditorMiniPlayerViewCtl::PlayPauseClicked(QObject * /*sender*/)
 {
     if (const auto host = delegate())
-        host->lrcEditorPlayAudioFile(m_audioFile);
+        host->lrcEditorPlayAudioFile(std::shared_ptr<WXEAudioFile>(m_audioFile));
 }
 
 void TQLRCEditorMiniPlayerViewCtl::updatePlayPauseUI()

@@ -130,13 +130,20 @@ void TQWLRCEditorViewCtl::layoutChildren()
     }
 }
 
-void TQWLRCEditorViewCtl::flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item)
+void TQWLRCEditorViewCtl::flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &given)
 {
     const auto alive = self();
+    // Of our own: the caller's may change in a callback.
+    const std::shared_ptr<WXEAudioFile> item = given;
     commitEditing();
 
     m_audioFile = item;
     loadLyricOf(item);
+    if (m_audioFile != item) {
+        // The host showed another item while it was told of this one, or while the user was asked:
+        // that one is complete, and nothing of this one may be mixed into it.
+        return;
+    }
     editorViewCtl()->flushWithAudioItem(item);
     if (m_playerViewCtl) {
         m_playerViewCtl->flushWithAudioItem(item);
@@ -222,7 +229,7 @@ bool TQWLRCEditorViewCtl::tryToPlay()
     }
     const auto alive = self();
     if (const auto host = delegate()) {
-        host->lrcEditorPlayAudioFile(m_audioFile);
+        host->lrcEditorPlayAudioFile(std::shared_ptr<WXEAudioFile>(m_audioFile));
     }
     return true;
 }
