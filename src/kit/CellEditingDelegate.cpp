@@ -45,6 +45,7 @@ QWidget *CellEditingDelegate::createEditor(
         field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     }
     m_editor = editor;
+    m_cell = index;
     return editor;
 }
 

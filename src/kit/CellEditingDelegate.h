@@ -20,6 +20,8 @@ public:
 
     /// Null while no cell is edited.
     [[nodiscard]] QWidget *editor() const { return m_editor; }
+    /// The cell that it edits.
+    [[nodiscard]] QModelIndex cell() const { return m_cell; }
 
     QWidget *createEditor(
         QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
@@ -39,6 +41,7 @@ private:
     mutable std::optional<Theme> m_theme;
     mutable qint64 m_themeKey = 0;
     mutable QPointer<QWidget> m_editor;
+    mutable QPersistentModelIndex m_cell;
 };
 
 } // namespace kit

@@ -501,11 +501,22 @@ void MyTableView::commitEditing()
 
 void MyTableView::commitData(QWidget *editor)
 {
-    // The host hears of the edit in here, and may let go of everything.
+    if (m_committing || !editor || editor != m_cellDelegate->editor()) {
+        return;
+    }
+    // Not the toolkit's own way, which goes on with the editor afterwards: the host hears of the
+    // edit in here, and may let go of everything.
     const QPointer<MyTableView> alive(this);
-    const bool wasCommitting = std::exchange(m_committing, true);
-    QTableView::commitData(editor);
-    if (alive) {
-        m_committing = wasCommitting;
+    const QPointer<QWidget> field(editor);
+    m_committing = true;
+    // A message that takes the focus away must not commit once more.
+    editor->removeEventFilter(m_cellDelegate);
+    m_cellDelegate->setModelData(editor, m_model, m_cellDelegate->cell());
+    if (!alive) {
+        return;
+    }
+    m_committing = false;
+    if (field) {
+        field->installEventFilter(m_cellDelegate);
     }
 }

@@ -173,8 +173,23 @@ private Q_SLOTS:
     void oddCharactersSurviveAnOpenEditor_data()
     {
         QTest::addColumn<QByteArray>("text");
-        for (const char *text : {"a\tb", "a\xE2\x80\xA8" "b", "a\x01" "b", "a\xC2\x85" "b", "a\xEF\xBB\xBF" "b",
-                 "\xF0\x9F\x98\x80", "a\xFF" "b", "e\xCC\x81", "a\x0C" "b", "\xEF\xBF\xBC" "a"}) {
+        for (const char *text : {"a\tb",
+                 "a\xE2\x80\xA8"
+                 "b",
+                 "a\x01"
+                 "b",
+                 "a\xC2\x85"
+                 "b",
+                 "a\xEF\xBB\xBF"
+                 "b",
+                 "\xF0\x9F\x98\x80",
+                 "a\xFF"
+                 "b",
+                 "e\xCC\x81",
+                 "a\x0C"
+                 "b",
+                 "\xEF\xBF\xBC"
+                 "a"}) {
             QTest::newRow(QByteArray(text).toHex()) << QByteArray(text);
         }
     }
@@ -208,7 +223,8 @@ private Q_SLOTS:
         QVERIFY(isTakenAsTyping(editor, Qt::Key_F, Qt::ShiftModifier, QStringLiteral("F")));
         QVERIFY(isTakenAsTyping(editor, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" ")));
         QVERIFY(isTakenAsTyping(editor, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r")));
-        QVERIFY(isTakenAsTyping(editor, Qt::Key_Q, Qt::ControlModifier | Qt::AltModifier, QStringLiteral("@")));
+        QVERIFY(
+            isTakenAsTyping(editor, Qt::Key_Q, Qt::ControlModifier | Qt::AltModifier, QStringLiteral("@")));
         QVERIFY(isTakenAsTyping(editor, Qt::Key_C, Qt::ControlModifier, QStringLiteral("\x03")));
     }
 

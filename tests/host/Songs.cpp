@@ -23,7 +23,9 @@ bool code(const QString &path)
     QProcess ffmpeg;
     ffmpeg.start(QStringLiteral("ffmpeg"),
         {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-i"), source, QStringLiteral("-map"),
-            QStringLiteral("0:a"), QStringLiteral("-t"), QStringLiteral("10"), path});
+            QStringLiteral("0:a"), QStringLiteral("-map_metadata"), QStringLiteral("-1"),
+            QStringLiteral("-metadata"), QStringLiteral("title=The Star"), QStringLiteral("-t"),
+            QStringLiteral("10"), path});
     if (!ffmpeg.waitForFinished(60000) || ffmpeg.exitCode() != 0) {
         qWarning("%s", ffmpeg.readAllStandardError().constData());
         return false;

@@ -15,6 +15,7 @@
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QDropEvent>
 #include <QtTest/QTest>
+#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
@@ -179,6 +180,78 @@ private Q_SLOTS:
         answerWith(QMessageBox::Save);
         QVERIFY(m_window->open(path("b.flac")));
         QCOMPARE(songs::lyricReadByAnother(path("asked.mp3")), QByteArray("x\n"));
+    }
+
+    // The file was read before it was saved: the old words came back, and could not be saved over.
+    void openingTheSameSongAgainAndSavingShowsWhatWasSaved()
+    {
+        QFile::copy(path("a.mp3"), path("again.mp3"));
+        QVERIFY(m_window->open(path("again.mp3")));
+        edit(QStringLiteral("x"));
+        answerWith(QMessageBox::Save);
+        QVERIFY(m_window->open(path("again.mp3")));
+        QCOMPARE(m_window->component()->songText(), QByteArray("x\n"));
+        edit(QStringLiteral("y"));
+        QVERIFY(m_window->save());
+        QCOMPARE(songs::lyricReadByAnother(path("again.mp3")), QByteArray("y\n"));
+    }
+
+    void aLyricWrittenWithoutASongGoesToTheNextOne()
+    {
+        QVERIFY(songs::make(path("bare.flac"), {}));
+        editor()->flushWithSongText("words\n");
+        answerWith(QMessageBox::Cancel);
+        QVERIFY(!m_window->open(path("bare.flac")));
+        QCOMPARE(m_window->component()->songText(), QByteArray("words\n"));
+        QString seen;
+        answerWith(QMessageBox::Yes, &seen);
+        QVERIFY(m_window->open(path("bare.flac")));
+        QVERIFY(seen.contains(QLatin1String("bare.flac")));
+        QCOMPARE(m_window->component()->songText(), QByteArray("words\n"));
+        QVERIFY(m_window->isWindowModified());
+        QVERIFY(songs::lyricReadByAnother(path("bare.flac")).isEmpty());
+        QVERIFY(m_window->save());
+        QCOMPARE(songs::lyricReadByAnother(path("bare.flac")), QByteArray("words\n"));
+    }
+
+    void savingByKeyWhileACellIsOpenSavesWhatIsTyped()
+    {
+        QFile::copy(path("a.mp3"), path("typed.mp3"));
+        QVERIFY(m_window->open(path("typed.mp3")));
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        editor()->tableView()->editColumn_row_select(1, 0, true);
+        auto *field = editor()->tableView()->findChild<QLineEdit *>();
+        QTest::keyClicks(field, QStringLiteral("typed"));
+        QTest::keyClick(field, Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(songs::lyricReadByAnother(path("typed.mp3")), QByteArray("typed\n"));
+        QTRY_VERIFY(!m_window->isWindowModified());
+    }
+
+    void enterStampsAfterTheStripWasClicked()
+    {
+        QVERIFY(m_window->open(path("a.mp3")));
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        editor()->tableView()->setFocus();
+        QTest::mouseClick(m_window->findChild<QWidget *>(QStringLiteral("btnPlay")), Qt::LeftButton);
+        QTest::mouseClick(m_window->findChild<QWidget *>(QStringLiteral("prgSlider")), Qt::LeftButton);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(m_window->component()->songText().count("]a"), 1);
+    }
+
+    void theWindowIsNeverSmallerThanWhatItShows()
+    {
+        m_window->resize(1, 1);
+        QCoreApplication::processEvents();
+        QVERIFY(m_window->component()->view()->size().width() >= 480);
+        const auto *label = editor()->lblTabTime();
+        QVERIFY(label->visibleRegion().boundingRect().width() >= label->sizeHint().width());
+        for (const auto *button : m_window->findChildren<QAbstractButton *>()) {
+            if (button->isVisible()) {
+                QVERIFY2(
+                    m_window->rect().contains(QRect(button->mapTo(m_window.get(), QPoint()), button->size())),
+                    qPrintable(button->objectName()));
+            }
+        }
     }
 
     void closingAsksToo()

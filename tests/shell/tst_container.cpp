@@ -365,6 +365,53 @@ private Q_SLOTS:
         QCOMPARE(setup.container->audioFile(), std::static_pointer_cast<WXEAudioFile>(item));
     }
 
+    void anItemShownWhileAnotherIsLoadingIsNotMixedWithIt_data()
+    {
+        QTest::addColumn<bool>("whileAsking");
+        QTest::newRow("when told of the change") << false;
+        QTest::newRow("while the user is asked") << true;
+    }
+
+    void anItemShownWhileAnotherIsLoadingIsNotMixedWithIt()
+    {
+        QFETCH(bool, whileAsking);
+        Setup setup;
+        setup.show();
+        auto first = Setup::item("first\n");
+        const auto second = Setup::item("second\n");
+        if (whileAsking) {
+            setup.container->config()->setPromptForMetaLrc(true);
+            whenDialogOpens([&](QWidget &dialog) {
+                setup.container->config()->setPromptForMetaLrc(false);
+                setup.load(second);
+                QTest::mouseClick(buttonTitled(dialog, QStringLiteral("Cancel")), Qt::LeftButton);
+            });
+        } else {
+            setup.host->onChanged = [&] {
+                setup.host->onChanged = {};
+                setup.load(second);
+            };
+        }
+        setup.load(first);
+        QCOMPARE(setup.editor->audioFile(), std::static_pointer_cast<WXEAudioFile>(second));
+        QCOMPARE(setup.container->audioFile(), std::static_pointer_cast<WXEAudioFile>(second));
+        QVERIFY(!setup.container->serializeToAudioItem());
+        QCOMPARE(first->lyric(), QByteArray("first\n"));
+        QCOMPARE(second->lyric(), QByteArray("second\n"));
+    }
+
+    void theCallersVariableMayChangeWhileItsItemIsLoaded()
+    {
+        Setup setup;
+        setup.show();
+        std::shared_ptr<WXEAudioFile> current = Setup::item("a\n");
+        const std::shared_ptr<WXEAudioFile> given = current;
+        setup.host->onChanged = [&current] { current.reset(); };
+        setup.container->flushWithAudioItem(current);
+        QCOMPARE(setup.editor->audioFile(), given);
+        QCOMPARE(setup.strip->audioFile(), given);
+    }
+
     void aTaciturnHostIsEnough()
     {
         const auto host = std::make_shared<standin::TaciturnHost>();

@@ -127,6 +127,45 @@ private Q_SLOTS:
         QVERIFY(!world.window->centralWidget());
     }
 
+    // The toolkit is in the middle of its own work then: on the way back nothing of ours may be
+    // touched any more.
+    void theWindowMayGoInACallback_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("told of a commit") << 0;
+        QTest::newRow("told of a selection by a stamp") << 1;
+        QTest::newRow("told of a selection by a key") << 2;
+        QTest::newRow("told of a change by a stamp") << 3;
+    }
+
+    void theWindowMayGoInACallback()
+    {
+        QFETCH(int, way);
+        World world;
+        const auto editor = world.container->editorViewCtl();
+        const auto closeWindow = [&world] { world.window.reset(); };
+        QVERIFY(QTest::qWaitForWindowActive(world.window.get()));
+        editor->tableView()->setFocus();
+        if (way == 0) {
+            editor->tableView()->editColumn_row_select(1, 0, true);
+            world.host->onChanged = closeWindow;
+            world.container->commitEditing();
+        } else if (way == 1) {
+            world.host->onSelected = closeWindow;
+            editor->insertTimeTag();
+        } else if (way == 2) {
+            world.host->onSelected = closeWindow;
+            QTest::sendKeyEvent(QTest::Press, editor->tableView(), Qt::Key_Down, QString(), Qt::NoModifier);
+        } else {
+            world.host->onChanged = closeWindow;
+            editor->insertTimeTag();
+        }
+        QVERIFY(!world.window);
+        QVERIFY(!editor->tableView());
+        QVERIFY(world.container->serializeToAudioItem() || way == 2 || way == 0);
+        QVERIFY(!world.container->songText().isEmpty());
+    }
+
     void theHostMayCallBackFromACallback()
     {
         World world;
