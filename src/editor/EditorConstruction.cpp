@@ -129,6 +129,8 @@ void TQLRCEditorViewCtl::wireDropTipView()
     QPushButton *button = dropTipView->btnFunction();
     button->setText(localized(QStringLiteral("Start with empty file")));
     button->setAccessibleName(button->text());
+    QWidget::setTabOrder(m_tableView, button);
+    QWidget::setTabOrder(button, m_btnInsertTime);
     connect(button, &QPushButton::clicked, this, [this, button] { self()->importClick(button); });
 }
 

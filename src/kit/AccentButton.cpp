@@ -17,7 +17,11 @@ AccentButton::AccentButton(QWidget *parent) : QPushButton(parent)
 QSize AccentButton::sizeHint() const
 {
     // Its labels make it as large as it is; a button knows nothing of a layout by itself.
-    return layout() ? layout()->sizeHint().expandedTo(minimumSize()) : QPushButton::sizeHint();
+    if (layout()) {
+        return layout()->sizeHint().expandedTo(minimumSize());
+    }
+    return {
+        fontMetrics().horizontalAdvance(text()) + 2 * kit::kSpacingHuge, kit::kRowHeight + kit::kSpacingTiny};
 }
 
 QSize AccentButton::minimumSizeHint() const
@@ -48,9 +52,15 @@ void AccentButton::paintEvent(QPaintEvent *event)
     const QRectF body = hasFocus() ? frame.adjusted(2, 2, -2, -2) : frame;
     painter.drawRoundedRect(body, kit::kRadius, kit::kRadius);
 
-    const QRect iconRect = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter,
-        iconSize(), rect().adjusted(kit::kSpacingLarge, 0, -kit::kSpacingLarge, 0));
-    icon().paint(&painter, iconRect, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    if (!icon().isNull()) {
+        const QRect iconRect = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter,
+            iconSize(), rect().adjusted(kit::kSpacingLarge, 0, -kit::kSpacingLarge, 0));
+        icon().paint(&painter, iconRect, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    }
+    if (!text().isEmpty()) {
+        painter.setPen(theme.accentInk);
+        painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+    }
 }
 
 void AccentButton::childEvent(QChildEvent *event)

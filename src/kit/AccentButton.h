@@ -5,7 +5,7 @@
 
 /// A button filled with the accent colour, for the one thing that a screen is about.
 ///
-/// Draws its icon at the left; labels laid over it let the mouse through.
+/// Draws its icon at the left and its text in the middle; labels laid over it let the mouse through.
 class AccentButton : public QPushButton
 {
     Q_OBJECT

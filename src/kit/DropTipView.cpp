@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "kit/DropTipView.h"
 
+#include "kit/AccentButton.h"
 #include "kit/DroppedFiles.h"
 #include "kit/FormLoader.h"
 #include "kit/Theme.h"
@@ -13,35 +14,18 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
-#include <algorithm>
-
 namespace {
 
-constexpr int kNarrowWidth = 480;
-
-// With room around its text, more than some styles give it.
-class RoomyButton : public QPushButton
-{
-public:
-    using QPushButton::QPushButton;
-
-    [[nodiscard]] QSize sizeHint() const override
-    {
-        const QSize hint = QPushButton::sizeHint();
-        return {hint.width() + kit::kSpacingHuge, std::max(hint.height(), kit::kRowHeight)};
-    }
-};
-
 // A button that nobody listens to is not shown.
-class ButtonOnceConnected : public RoomyButton
+class ButtonOnceConnected : public QPushButton
 {
 public:
-    explicit ButtonOnceConnected(QWidget *parent) : RoomyButton(parent) { hide(); }
+    explicit ButtonOnceConnected(QWidget *parent) : QPushButton(parent) { hide(); }
 
 protected:
     void connectNotify(const QMetaMethod &signal) override
     {
-        RoomyButton::connectNotify(signal);
+        QPushButton::connectNotify(signal);
         if (signal == QMetaMethod::fromSignal(&QPushButton::clicked))
             show();
     }
@@ -50,7 +34,7 @@ protected:
 } // namespace
 
 DropTipView::DropTipView(QWidget *parent)
-    : QWidget(parent), m_prompt(new QLabel(this)), m_btnFunction(new RoomyButton(this)),
+    : QWidget(parent), m_prompt(new QLabel(this)), m_btnFunction(new AccentButton(this)),
       m_btnHelp(new ButtonOnceConnected(this))
 {
     setAcceptDrops(true);
@@ -149,7 +133,10 @@ void DropTipView::paintEvent(QPaintEvent * /*event*/)
 void DropTipView::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    m_sentence->setDirection(width() < kNarrowWidth ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    const QMargins margins = layout()->contentsMargins();
+    const int sentence = margins.left() + m_prompt->sizeHint().width() + m_sentence->spacing() * 3
+        + m_btnFunction->sizeHint().width() + margins.right();
+    m_sentence->setDirection(width() < sentence ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
 void DropTipView::changeEvent(QEvent *event)

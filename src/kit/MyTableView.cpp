@@ -52,7 +52,6 @@ MyTableView::MyTableView(QWidget *parent)
     configure();
     wireSelection();
     applyTheme();
-    setTabOrder(this, m_dropTipView);
     placeDropTipView();
 }
 

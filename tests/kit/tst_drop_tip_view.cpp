@@ -129,8 +129,8 @@ void tst_DropTipView::promptAndButtonReadAsOneSentence()
 void tst_DropTipView::narrowViewStacksTheSentence()
 {
     DropTipView view;
-    view.setPrompt("Drag it here or");
-    view.btnFunction()->setText("start");
+    view.setPrompt("Drag and drop the lyrics file here or");
+    view.btnFunction()->setText("Start with empty file");
     view.resize(320, 400);
     view.show();
     QTRY_VERIFY(view.findChild<QLabel *>()->geometry().bottom() < view.btnFunction()->geometry().top());
