@@ -74,7 +74,8 @@ function(tqlrc_qt_test name)
     tqlrc_test_environment(${name})
 endfunction()
 
-# No test needs a screen, a sound card or the user's settings; each has an end.
+# No test needs the machine's screen, its sound card or the user's settings: one that does need a
+# screen starts a private one. Each has an end.
 function(tqlrc_test_environment name)
     set_tests_properties(${name} PROPERTIES
         TIMEOUT 120

@@ -3,8 +3,10 @@
 # Installs the package into a staging folder, moves that elsewhere, and builds and runs the
 # stranger's programs against it.
 #
-#     cmake -DBUILD=… -DSTRANGER=… -DSTAGE=… -DBUILD_TYPE=… -DFLAGS=… -DCOMPONENTS=… -P package.cmake
+#     cmake -DBUILD=… -DSTRANGER=… -DDOCUMENT=… -DSONG=… -DSTAGE=… -DBUILD_TYPE=… -DFLAGS=…
+#         -DCOMPONENTS=… -P package.cmake
 #
+# DOCUMENT: where the hosts stand that a stranger copies. SONG: what they open a copy of.
 # FLAGS: what the sanitizers of this build ask of everyone who links its static libraries.
 cmake_minimum_required(VERSION 3.25)
 
@@ -21,6 +23,8 @@ run(${CMAKE_COMMAND} -S ${STRANGER} -B ${STAGE}/build -G Ninja
     -DCMAKE_BUILD_TYPE=${BUILD_TYPE}
     "-DCMAKE_CXX_FLAGS=${FLAGS}"
     -DCMAKE_FIND_PACKAGE_NO_PACKAGE_REGISTRY=ON
+    "-DSTRANGER_DOCUMENT=${DOCUMENT}"
+    "-DSTRANGER_SONG=${SONG}"
     "-DSTRANGER_COMPONENTS=${COMPONENTS}")
 run(${CMAKE_COMMAND} --build ${STAGE}/build)
 run(${CMAKE_CTEST_COMMAND} --test-dir ${STAGE}/build --output-on-failure --no-tests=error)

@@ -1,0 +1,26 @@
+# SPDX-License-Identifier: MIT
+#
+# documented_files(<document> <folder>): each code block that stands under a line
+# "<!-- file: name -->" of the document becomes the file of that name in the folder.
+function(documented_files document folder)
+    set(opening "<!-- file: ")
+    file(READ "${document}" rest)
+    string(FIND "${rest}" "${opening}" at)
+    if(at EQUAL -1)
+        message(FATAL_ERROR "${document} has no files")
+    endif()
+    while(NOT at EQUAL -1)
+        string(SUBSTRING "${rest}" ${at} -1 rest)
+        if(NOT rest MATCHES "^<!-- file: ([A-Za-z/.]+) -->\n```[a-z]+\n")
+            string(SUBSTRING "${rest}" 0 60 place)
+            message(FATAL_ERROR "${document}: no code block under ${place}")
+        endif()
+        set(name ${CMAKE_MATCH_1})
+        string(LENGTH "${CMAKE_MATCH_0}" begin)
+        string(SUBSTRING "${rest}" ${begin} -1 rest)
+        string(FIND "${rest}" "\n```\n" end)
+        string(SUBSTRING "${rest}" 0 ${end} text)
+        file(WRITE "${folder}/${name}" "${text}\n")
+        string(FIND "${rest}" "${opening}" at)
+    endwhile()
+endfunction()
