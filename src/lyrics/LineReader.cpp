@@ -57,7 +57,11 @@ public:
     void read(const char *begin, const char *end);
 
     [[nodiscard]] ColonForms colonForms() const { return m_colonForms; }
-    [[nodiscard]] ReadSong takeSong() { return std::move(m_song); }
+    [[nodiscard]] ReadSong takeSong()
+    {
+        m_song.colonReading = m_reading;
+        return std::move(m_song);
+    }
 
 private:
     void readPhysicalLine(const char *begin, const char *textEnd, const char *end);

@@ -15,6 +15,8 @@ struct ReadSong
 {
     std::vector<RBSongLine> lines;
     LineEndCount lineEnds;
+    /// What the time tags `a:b:c` were taken to mean; `Fraction` when there are none.
+    ColonReading colonReading = ColonReading::Fraction;
 };
 
 /// Reads the lines of `text`, from the byte `from` on. Every line refers to the block.

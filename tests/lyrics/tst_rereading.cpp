@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+//
+// What was written is read again: nothing may change its meaning on that road, and what nobody edited must
+// not be respelled to keep it.
+#include "lyrics/SongSupport.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using songs::built;
+using songs::plain;
+using songs::PlainLine;
+using songs::written;
+
+void untag(RBSongLine &line)
+{
+    line.setIsProperty(false);
+    line.setPropertyStr("");
+    line.aryTimes().removeAllObjects();
+}
+
+TEST(ColonForm, StaysWhenAnotherLineIsReadAsATag)
+{
+    // Any difference between the lines and what is read of them had all colon forms respelled.
+    RBEditSong song = built("[00:12:34]a\n[00:13:40]b\nfoo\n");
+    song.aryLines()[2].updateWithText("[ti:x]");
+    EXPECT_EQ(written(song), "[00:12:34]a\n[00:13:40]b\n[ti:x]\n");
+    song.aryLines()[2].updateWithText("[00:20.00]x");
+    EXPECT_EQ(written(song), "[00:12:34]a\n[00:13:40]b\n[00:20.00]x\n");
+}
+
+TEST(ColonForm, StaysWhenAValueDoesNotBalance)
+{
+    RBEditSong song = built("[00:12:34]a\n[00:13:40]b\n[ti:foo]\n");
+    song.aryLines()[2].updateWithText("Songs: foo]");
+    EXPECT_EQ(written(song), "[00:12:34]a\n[00:13:40]b\n[ti:Songs: foo]]\n");
+}
+
+TEST(ColonForm, StaysWhenATimeIsTakenFromATag)
+{
+    RBEditSong song = built("[00:12:34]a\n[00:13.00][ti:x]\n");
+    untag(song.aryLines()[1]);
+    EXPECT_EQ(written(song), "[00:12:34]a\n[ti:x]\n");
+}
+
+TEST(ColonForm, IsRespelledWhenATypedTimeChangesTheReading)
+{
+    RBEditSong song = built("[58:00.00]a\n[01:00:30]b\nfoo\n");
+    ASSERT_EQ(plain(song.aryLines()[1]).times.front(), 3'630'000);
+    song.aryLines()[2].updateWithText("[00:75:10]x");
+    EXPECT_EQ(written(song), "[58:00.00]a\n[60:30.00]b\n[00:75:10]x\n");
+}
+
+TEST(ColonForm, OfTheLinesThatAreFewerGivesWay)
+{
+    // A pasted line with the other reading had the whole document respelled.
+    RBEditSong hours = built("[58:00.00]a\n[01:00:30]b\n");
+    RBEditSong song = built("[00:12:34]a\n[00:13:40]b\n");
+    song.insertLine_atIndex(hours.aryLines()[1].copy(), 2);
+    EXPECT_EQ(written(song), "[00:12:34]a\n[00:13:40]b\n[60:30.00]b\n");
+    hours.insertLine_atIndex(built("[62:12:34]c").aryLines()[0].copy(), 2);
+    hours.insertLine_atIndex(built("[58:00.00]a\n[01:02:30]d\n").aryLines()[1].copy(), 3);
+    EXPECT_EQ(written(hours), "[58:00.00]a\n[01:00:30]b\n[62:12.34]c\n[01:02:30]d\n");
+}
+
+TEST(ColonForm, ThatWasRetimedHasNoSayAnyMore)
+{
+    RBEditSong hours = built("[58:00.00]a\n[01:00:30]b\n");
+    RBEditSong song = built("[00:12:34]a\n");
+    song.insertLine_atIndex(hours.aryLines()[1].copy(), 1);
+    song.aryLines()[1].aryTimes()[0] = 20'000;
+    EXPECT_EQ(written(song), "[00:12:34]a\n[00:20.00]b\n");
+}
+
+} // namespace
