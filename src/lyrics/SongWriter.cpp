@@ -206,11 +206,12 @@ void Writer::writeLineEnd(std::size_t index, std::size_t begin)
     m_sink.append(own);
 }
 
-/// What is written from `begin` on will be read as no line.
+/// What is written from `begin` on will be read as no line. A byte-order mark that was left inside a text and
+/// has come to its beginning is taken for that of the document.
 bool Writer::isNothingFrom(std::size_t begin) const
 {
     const std::string_view written = m_sink.text().substr(begin);
-    return written.empty();
+    return written.empty() || (begin == 0 && written == kByteOrderMark);
 }
 
 /// A line that begins with LF must not become the second half of a CRLF.

@@ -77,4 +77,40 @@ TEST(ColonForm, ThatWasRetimedHasNoSayAnyMore)
     EXPECT_EQ(written(song), "[00:12:34]a\n[00:20.00]b\n");
 }
 
+TEST(ByteOrderMark, AloneInTheFirstLineIsALine)
+{
+    // It was written without a line end, taken for the mark of the document, and the line was gone.
+    RBEditSong song = built("[00:12:34]\r\xEF\xBB\xBF[00:99.00]");
+    const std::array<std::size_t, 1> row = {0};
+    song.deleteLineAtIndexs(row);
+    untag(song.aryLines()[0]);
+    EXPECT_EQ(written(song), "\xEF\xBB\xBF\r");
+    EXPECT_EQ(built(song.songText()), song);
+    RBEditSong copied = built("a\n\xEF\xBB\xBF");
+    copied.deleteLineAtIndexs(row);
+    EXPECT_EQ(written(copied), "\xEF\xBB\xBF\n");
+    EXPECT_EQ(built(copied.songText()), copied);
+}
+
+TEST(ByteOrderMark, BehindThatOfTheDocumentNeedsNoLineEnd)
+{
+    RBEditSong song = built("\xEF\xBB\xBF"
+                            "a\n\xEF\xBB\xBF");
+    const std::array<std::size_t, 1> row = {0};
+    song.deleteLineAtIndexs(row);
+    EXPECT_EQ(written(song), "\xEF\xBB\xBF\xEF\xBB\xBF");
+    EXPECT_EQ(built(song.songText()), song);
+}
+
+TEST(ByteOrderMark, BeforeWhatIsNowTheFirstTextBecomesThatOfTheDocument)
+{
+    for (const std::string rest : {"b", "\n", "[ti:x]\n", " [00:01.00]b"}) {
+        RBEditSong song = built("a\n\xEF\xBB\xBF" + rest);
+        const std::array<std::size_t, 1> row = {0};
+        song.deleteLineAtIndexs(row);
+        EXPECT_EQ(written(song), "\xEF\xBB\xBF" + rest) << "no byte of it was edited";
+        EXPECT_EQ(built(song.songText()), song) << rest;
+    }
+}
+
 } // namespace
