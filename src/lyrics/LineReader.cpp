@@ -4,6 +4,7 @@
 #include "lyrics/Blanks.h"
 #include "lyrics/IdTag.h"
 
+#include <algorithm>
 #include <limits>
 #include <stdexcept>
 #include <utility>
@@ -251,7 +252,13 @@ bool isLyric(const RBSongLine &line)
 {
     if (LineAccess::isTagLine(line) || line.isOtherTag())
         return false;
-    return !line.aryTimes().empty() || !line.lineText().empty();
+    const std::string_view text = line.lineText();
+    if (!line.aryTimes().empty() || text.empty() || text.front() != '[')
+        return !line.aryTimes().empty() || !text.empty();
+    // Typed, or laid bare: it may be a tag by now.
+    const ReadSong song = readPart(BlockRef::copyOf(text), {});
+    return std::any_of(song.lines.begin(), song.lines.end(),
+        [](const RBSongLine &read) { return !LineAccess::isTagLine(read) && !read.isOtherTag(); });
 }
 
 } // namespace lyrics

@@ -36,7 +36,8 @@ struct ReadingContext
 /// Reads `text` as a part of a document, where the rest of it has settled the context.
 [[nodiscard]] ReadSong readPart(const BlockRef &text, ReadingContext context);
 
-/// Whether the lyric has begun with `line`: it has a time, or a text that is no tag.
+/// Whether the lyric has begun with `line` once it is written: it has a time, or a text that will be read as
+/// no tag.
 [[nodiscard]] bool isLyric(const RBSongLine &line);
 
 } // namespace lyrics

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lyrics/SongWriter.h"
 
+#include "lyrics/IdTag.h"
 #include "lyrics/LineAccess.h"
 #include "lyrics/LineEnds.h"
 #include "lyrics/LineReader.h"
@@ -44,6 +45,7 @@ public:
 
 private:
     [[nodiscard]] bool canBeCopied(std::size_t index);
+    [[nodiscard]] bool hasLostItsKey(std::size_t index);
     [[nodiscard]] bool isLyricBefore(std::size_t index);
     [[nodiscard]] std::size_t runEnd(std::size_t first);
     [[nodiscard]] std::size_t groupEnd(std::size_t first) const;
@@ -104,7 +106,16 @@ bool Writer::canBeCopied(std::size_t index)
             return false;
         m_copied.add(reading);
     }
-    return true;
+    return !hasLostItsKey(index);
+}
+
+/// An unknown word before another line of its physical line was a key when it was read; behind a lyric line
+/// it would take the other along into one text.
+bool Writer::hasLostItsKey(std::size_t index)
+{
+    const RBSongLine &line = m_lines[index];
+    return LineAccess::joinsNext(line) && LineAccess::readAs(line) == LineAccess::Kind::OtherTag
+        && !isKnownOtherTag(LineAccess::text(line)) && isLyricBefore(index);
 }
 
 bool Writer::isLyricBefore(std::size_t index)

@@ -24,6 +24,13 @@ void untag(RBSongLine &line)
     line.aryTimes().removeAllObjects();
 }
 
+RBSongLine lineOf(std::string_view text)
+{
+    RBSongLine line = RBSongLine::emptyLine();
+    line.updateWithText(text);
+    return line;
+}
+
 TEST(ColonForm, StaysWhenAnotherLineIsReadAsATag)
 {
     // Any difference between the lines and what is read of them had all colon forms respelled.
@@ -111,6 +118,55 @@ TEST(ByteOrderMark, BeforeWhatIsNowTheFirstTextBecomesThatOfTheDocument)
         EXPECT_EQ(written(song), "\xEF\xBB\xBF" + rest) << "no byte of it was edited";
         EXPECT_EQ(built(song.songText()), song) << rest;
     }
+}
+
+TEST(UnknownTag, IsPartedFromTheNextWhenTheLyricBeginsBeforeIt)
+{
+    // It is no key any more, and took the title behind it along into one line of text.
+    RBEditSong song = built("[ar:y]\n[ar:q][x:y] [ti:z]\r\n[x:y][00:01.00]a\r\n");
+    song.insertLine_atIndex(lineOf("hello"), 1);
+    EXPECT_EQ(written(song), "[ar:y]\nhello\r\n[ar:q]\r\n[x:y]\r\n [ti:z]\r\n[x:y]\r\n[00:01.00]a\r\n");
+    EXPECT_EQ(built(song.songText()), song);
+    const std::array<std::size_t, 1> row = {1};
+    song.deleteLineAtIndexs(row);
+    EXPECT_EQ(written(song), "[ar:y]\n[ar:q][x:y] [ti:z]\r\n[x:y][00:01.00]a\r\n")
+        << "nothing is left behind";
+}
+
+TEST(UnknownTag, GoesOnSharingWhereNoLyricBeginsBeforeIt)
+{
+    for (const std::string_view above : {"", "[ti:x]", "[offset:5]", "[q:r]", "[q:r][s:t]", "[ti:x][q:r]"}) {
+        RBEditSong song = built("[x:y][ti:z]\n");
+        song.insertLine_atIndex(lineOf(above), 0);
+        EXPECT_EQ(written(song), std::string(above) + "\n[x:y][ti:z]\n");
+    }
+    RBEditSong known = built("[offset:5][ti:z]\n");
+    known.insertLine_atIndex(lineOf("hello"), 0);
+    EXPECT_EQ(written(known), "hello\n[offset:5][ti:z]\n");
+}
+
+TEST(UnknownTag, LosesWhatItJoinedWhenItIsLeftAlone)
+{
+    RBEditSong song = built("[x:y][ti:z]\nb\n");
+    const std::array<std::size_t, 1> row = {1};
+    song.deleteLineAtIndexs(row);
+    song.insertLine_atIndex(lineOf("hello"), 0);
+    EXPECT_EQ(written(song), "hello\n[x:y]\nb\n");
+    EXPECT_EQ(built(song.songText()), song);
+}
+
+TEST(UnknownTag, OfATextIsAKeyWhenTheLyricBeforeItGoes)
+{
+    // Only other bytes could say that it is text, and nobody edited it.
+    RBEditSong song = built("hello\n[x:y][ti:z]\n");
+    const std::array<std::size_t, 1> row = {0};
+    song.deleteLineAtIndexs(row);
+    EXPECT_EQ(song.aryLines().at(0).lineText(), "[x:y][ti:z]");
+    EXPECT_EQ(written(song), "[x:y][ti:z]\n");
+    const RBEditSong again = built(song.songText());
+    ASSERT_EQ(again.aryLines().size(), 2U);
+    EXPECT_EQ(plain(again.aryLines()[0]), (PlainLine{{}, "[x:y]", {}}));
+    EXPECT_EQ(plain(again.aryLines()[1]), (PlainLine{{}, "z", "ti"}));
 }
 
 } // namespace
