@@ -117,6 +117,14 @@ struct LineAccess
     {
         return !line.m_times.m_touched && !line.m_flags.isRetagged && line.m_block;
     }
+    /// True when the bytes of the line say what the line says among whatever other lines: it is untouched,
+    /// has no time `a:b:c`, and nothing follows it on its physical line. For most lines, at one look.
+    static bool isSureCopy(const RBSongLine &line)
+    {
+        const auto &flags = line.m_flags;
+        return !line.m_times.m_touched && !(flags.isRetagged | flags.joinsNext | flags.hasColonForm)
+            && line.m_block;
+    }
 };
 
 } // namespace lyrics

@@ -4,6 +4,7 @@
 #include "lyrics/Blanks.h"
 #include "lyrics/IdTag.h"
 
+#include <algorithm>
 #include <limits>
 #include <stdexcept>
 #include <utility>
@@ -57,7 +58,11 @@ public:
     void read(const char *begin, const char *end);
 
     [[nodiscard]] ColonForms colonForms() const { return m_colonForms; }
-    [[nodiscard]] ReadSong takeSong() { return std::move(m_song); }
+    [[nodiscard]] ReadSong takeSong()
+    {
+        m_song.colonReading = m_reading;
+        return std::move(m_song);
+    }
 
 private:
     void readPhysicalLine(const char *begin, const char *textEnd, const char *end);
@@ -247,7 +252,13 @@ bool isLyric(const RBSongLine &line)
 {
     if (LineAccess::isTagLine(line) || line.isOtherTag())
         return false;
-    return !line.aryTimes().empty() || !line.lineText().empty();
+    const std::string_view text = line.lineText();
+    if (!line.aryTimes().empty() || text.empty() || text.front() != '[')
+        return !line.aryTimes().empty() || !text.empty();
+    // Typed, or laid bare: it may be a tag by now.
+    const ReadSong song = readPart(BlockRef::copyOf(text), {});
+    return std::any_of(song.lines.begin(), song.lines.end(),
+        [](const RBSongLine &read) { return !LineAccess::isTagLine(read) && !read.isOtherTag(); });
 }
 
 } // namespace lyrics

@@ -15,6 +15,8 @@ struct ReadSong
 {
     std::vector<RBSongLine> lines;
     LineEndCount lineEnds;
+    /// What the time tags `a:b:c` were taken to mean; `Fraction` when there are none.
+    ColonReading colonReading = ColonReading::Fraction;
 };
 
 /// Reads the lines of `text`, from the byte `from` on. Every line refers to the block.
@@ -34,7 +36,8 @@ struct ReadingContext
 /// Reads `text` as a part of a document, where the rest of it has settled the context.
 [[nodiscard]] ReadSong readPart(const BlockRef &text, ReadingContext context);
 
-/// Whether the lyric has begun with `line`: it has a time, or a text that is no tag.
+/// Whether the lyric has begun with `line` once it is written: it has a time, or a text that will be read as
+/// no tag.
 [[nodiscard]] bool isLyric(const RBSongLine &line);
 
 } // namespace lyrics

@@ -89,7 +89,7 @@ const char *LineWriter::readTags(const RBSongLine &line)
 {
     const std::string_view spelling = LineAccess::spelling(line);
     const char *end = spelling.data() + LineAccess::textOffset(line);
-    const ColonReading reading = LineAccess::colonReading(line);
+    m_reading = LineAccess::colonReading(line);
     m_tags.clear();
     const char *gap = spelling.data();
     for (;;) {
@@ -98,7 +98,7 @@ const char *LineWriter::readTags(const RBSongLine &line)
             return gap;
         // Read in its place: a copy of what was written just now has to wait for it.
         ReadTag &read = m_tags.emplace_back();
-        if (!readTimeTag(p, end, reading, read.tag)) {
+        if (!readTimeTag(p, end, m_reading, read.tag)) {
             m_tags.pop_back();
             return gap;
         }
@@ -110,14 +110,14 @@ const char *LineWriter::readTags(const RBSongLine &line)
 
 bool LineWriter::holds(const ReadTag &read, std::int64_t millis) const
 {
-    return read.tag.millis == millis && !(read.tag.colonForm && m_colonForm == ColonForm::Respelled);
+    return read.tag.millis == millis && (!read.tag.colonForm || m_allowed.has(m_reading));
 }
 
 void LineWriter::writeInPlace(const TimeList &times)
 {
     for (std::size_t i = 0; i < m_tags.size(); ++i) {
         if (holds(m_tags[i], times[i]))
-            keep(m_tags[i]);
+            keep(m_tags[i].gapBegin, m_tags[i]);
         else
             respell(m_tags[i], times[i]);
     }
@@ -137,14 +137,12 @@ void LineWriter::writeWithCommonEnds(const TimeList &times)
     if (head == 0 && !m_tags.empty())
         m_sink.append(between(m_tags.front().gapBegin, m_tags.front().begin));
     for (std::size_t i = 0; i < head; ++i)
-        keep(m_tags[i]);
+        keep(m_tags[i].gapBegin, m_tags[i]);
     for (std::size_t i = head; i < times.size() - tail; ++i)
         writeNew(times[i]);
     for (std::size_t i = m_tags.size() - tail; i < m_tags.size(); ++i) {
-        if (head == 0 && times.size() == tail && i == m_tags.size() - tail)
-            m_sink.append(between(m_tags[i].begin, m_tags[i].tag.end));
-        else
-            keep(m_tags[i]);
+        const bool isFirst = head == 0 && times.size() == tail && i == m_tags.size() - tail;
+        keep(isFirst ? m_tags[i].begin : m_tags[i].gapBegin, m_tags[i]);
     }
 }
 
@@ -154,9 +152,12 @@ void LineWriter::writeTimes(const TimeList &times)
         writeNew(millis);
 }
 
-void LineWriter::keep(const ReadTag &read)
+/// The tag as it was read, with what stands before it from `begin` on.
+void LineWriter::keep(const char *begin, const ReadTag &read)
 {
-    m_sink.append(between(read.gapBegin, read.tag.end));
+    m_sink.append(between(begin, read.tag.end));
+    if (read.tag.colonForm)
+        m_kept.add(m_reading);
 }
 
 /// Another time in the place of a tag. A range keeps its length.

@@ -9,17 +9,30 @@
 
 namespace lyrics {
 
+/// Those of the two meanings of the time tag `a:b:c` that are spelled so.
+struct ColonReadings
+{
+    [[nodiscard]] bool has(ColonReading reading) const
+    {
+        return reading == ColonReading::Hours ? hours : fraction;
+    }
+    void add(ColonReading reading) { (reading == ColonReading::Hours ? hours : fraction) = true; }
+
+    bool fraction = false;
+    bool hours = false;
+};
+
 /// Writes lines that no longer say what their spelling says, keeping of it what still holds.
 class LineWriter
 {
 public:
-    /// Whether time tags of the form `a:b:c` may stay; where they would be misread they must not.
-    enum class ColonForm { Kept, Respelled };
-
-    LineWriter(TextSink &sink, ColonForm colonForm) : m_sink(sink), m_colonForm(colonForm) { }
+    /// \param allowed  the time tags of the form `a:b:c` that may stay; what would be misread must not.
+    LineWriter(TextSink &sink, ColonReadings allowed) : m_sink(sink), m_allowed(allowed) { }
 
     /// Writes `line` without its line end. Cost: linear in its spelling and its times.
     void write(const RBSongLine &line);
+    /// Those of the form `a:b:c` that did stay, in all lines so far.
+    [[nodiscard]] ColonReadings keptColonForms() const { return m_kept; }
 
 private:
     /// A time tag as the line was read, with the blanks before it.
@@ -35,14 +48,17 @@ private:
     void writeTimes(const TimeList &times);
     void writeInPlace(const TimeList &times);
     void writeWithCommonEnds(const TimeList &times);
-    void keep(const ReadTag &tag);
+    void keep(const char *begin, const ReadTag &tag);
     void respell(const ReadTag &tag, std::int64_t millis);
     void writeNew(std::int64_t millis);
     const char *readTags(const RBSongLine &line);
     [[nodiscard]] bool holds(const ReadTag &tag, std::int64_t millis) const;
 
     TextSink &m_sink;
-    ColonForm m_colonForm;
+    ColonReadings m_allowed;
+    ColonReadings m_kept;
+    /// That of the line that is being written.
+    ColonReading m_reading = ColonReading::Fraction;
     // Kept from line to line, so that no line allocates.
     std::vector<ReadTag> m_tags;
 };

@@ -8,12 +8,6 @@
 #include <algorithm>
 #include <utility>
 
-namespace {
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-} // namespace
-
 RBEditSong::RBEditSong(const RBEditSong &other)
     : m_lines(lyrics::copyTogether(other.m_lines)), m_source(other.m_source), m_text(other.m_text),
       m_byteOrderMark(other.m_byteOrderMark), m_lineEnd(other.m_lineEnd)
@@ -48,7 +42,8 @@ void RBEditSong::buildWithLrcText(std::string_view text)
 {
     // The copy comes first: the text may be our own.
     lyrics::BlockRef source = lyrics::BlockRef::copyOf(text);
-    const auto mark = source.text().starts_with(kByteOrderMark) ? kByteOrderMark : std::string_view();
+    const auto mark
+        = source.text().starts_with(lyrics::kByteOrderMark) ? lyrics::kByteOrderMark : std::string_view();
     lyrics::ReadSong song = lyrics::readSong(source, mark.size());
     lyrics::releaseTogether(m_lines);
     m_lines = std::move(song.lines);

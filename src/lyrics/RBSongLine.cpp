@@ -74,7 +74,8 @@ void RBSongLine::updateWithText(std::string_view newText)
         replaceText(bare);
 }
 
-/// Gives the line a small block of its own: what it was spelled as, with another text.
+/// Gives the line a small block of its own: what it was spelled as, with another text. A line of no bytes has
+/// none, so that it is never taken for a piece of a text.
 void RBSongLine::replaceText(std::string_view newText)
 {
     const std::string_view before = m_block.text().substr(m_begin, m_textBegin - m_begin);
@@ -91,7 +92,7 @@ void RBSongLine::replaceText(std::string_view newText)
     m_length = static_cast<std::uint32_t>(block.get()->size());
     m_textBegin = static_cast<std::uint32_t>(before.size());
     m_textLength = static_cast<std::uint32_t>(newText.size());
-    m_block = std::move(block);
+    m_block = m_length > 0 ? std::move(block) : lyrics::BlockRef();
     if (m_flags.readAs == Kind::Text || m_flags.readAs == Kind::OtherTag)
         m_flags.readAs = lyrics::isKnownOtherTag(newText) ? Kind::OtherTag : Kind::Text;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "lyrics/SongWriter.h"
 
+#include "lyrics/IdTag.h"
 #include "lyrics/LineAccess.h"
 #include "lyrics/LineEnds.h"
 #include "lyrics/LineReader.h"
@@ -8,12 +9,13 @@
 #include "lyrics/TextSink.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace lyrics {
 namespace {
 
 using Lines = std::span<const RBSongLine>;
-using ColonForm = LineWriter::ColonForm;
 
 /// True when `next` is spelled right behind `line` in one block.
 bool isSpelledBehind(const RBSongLine &line, const RBSongLine &next)
@@ -30,36 +32,41 @@ bool isJoined(const RBSongLine &line, const RBSongLine &next)
 class Writer
 {
 public:
-    Writer(Lines lines, const SongFrame &frame, ColonForm colonForm)
-        : m_lines(lines), m_lineEnd(frame.lineEnd), m_colonForm(colonForm),
-          m_sink(frame.source.text().size() + lines.size() * 4 + 256), m_lineWriter(m_sink, colonForm)
+    Writer(Lines lines, const SongFrame &frame, ColonReadings allowed)
+        : m_lines(lines), m_lineEnd(frame.lineEnd), m_allowed(allowed),
+          m_sink(frame.source.text().size() + lines.size() * 4 + 256), m_lineWriter(m_sink, allowed)
     {
         m_sink.append(frame.byteOrderMark);
     }
 
     [[nodiscard]] BlockRef write();
+    /// The time tags of the form `a:b:c` that are in what was written.
+    [[nodiscard]] ColonReadings colonForms() const;
 
 private:
-    [[nodiscard]] bool canBeCopied(const RBSongLine &line) const;
-    [[nodiscard]] std::size_t runEnd(std::size_t first) const;
+    [[nodiscard]] bool canBeCopied(std::size_t index);
+    [[nodiscard]] bool hasLostItsKey(std::size_t index);
+    [[nodiscard]] bool isLyricBefore(std::size_t index);
+    [[nodiscard]] std::size_t runEnd(std::size_t first);
     [[nodiscard]] std::size_t groupEnd(std::size_t first) const;
     void writeRun(std::size_t first, std::size_t last);
     void writeGroup(std::size_t first, std::size_t last);
     [[nodiscard]] bool saysTheSame(std::string_view text, std::size_t first, std::size_t last);
     [[nodiscard]] ReadingContext contextOf(std::size_t first, std::size_t last);
     void writeLine(std::size_t index);
-    void writeLineEnd(std::size_t index, bool isEmpty);
+    void writeLineEnd(std::size_t index, std::size_t begin);
+    [[nodiscard]] bool isNothingFrom(std::size_t begin) const;
     void separate(std::string_view next);
     [[nodiscard]] std::string_view lineEnd();
 
     Lines m_lines;
     std::string_view m_lineEnd;
-    ColonForm m_colonForm;
+    ColonReadings m_allowed;
+    ColonReadings m_copied;
     TextSink m_sink;
     LineWriter m_lineWriter;
-    /// Whether one of the lines before `m_lookedAt` is a lyric line.
-    bool m_lyricSeen = false;
-    std::size_t m_lookedAt = 0;
+    /// The first line with which the lyric has begun, once somebody asked.
+    std::optional<std::size_t> m_firstLyric;
 };
 
 BlockRef Writer::write()
@@ -78,23 +85,59 @@ BlockRef Writer::write()
     return m_sink.take();
 }
 
-bool Writer::canBeCopied(const RBSongLine &line) const
+ColonReadings Writer::colonForms() const
 {
-    return LineAccess::isUntouched(line)
-        && (m_colonForm == ColonForm::Kept || !LineAccess::hasColonForm(line));
+    ColonReadings forms = m_lineWriter.keptColonForms();
+    forms.fraction = forms.fraction || m_copied.fraction;
+    forms.hours = forms.hours || m_copied.hours;
+    return forms;
+}
+
+/// The closer look at a line that is no sure copy. Notes the reading of its colon form: wherever an untouched
+/// line will be written, that stays.
+bool Writer::canBeCopied(std::size_t index)
+{
+    const RBSongLine &line = m_lines[index];
+    if (!LineAccess::isUntouched(line))
+        return false;
+    if (LineAccess::hasColonForm(line)) {
+        const ColonReading reading = LineAccess::colonReading(line);
+        if (!m_allowed.has(reading))
+            return false;
+        m_copied.add(reading);
+    }
+    return !hasLostItsKey(index);
+}
+
+/// An unknown word before another line of its physical line was a key when it was read; behind a lyric line
+/// it would take the other along into one text.
+bool Writer::hasLostItsKey(std::size_t index)
+{
+    const RBSongLine &line = m_lines[index];
+    return LineAccess::joinsNext(line) && LineAccess::readAs(line) == LineAccess::Kind::OtherTag
+        && !isKnownOtherTag(LineAccess::text(line)) && isLyricBefore(index);
+}
+
+bool Writer::isLyricBefore(std::size_t index)
+{
+    if (!m_firstLyric)
+        m_firstLyric = static_cast<std::size_t>(
+            std::find_if(m_lines.begin(), m_lines.end(), isLyric) - m_lines.begin());
+    return *m_firstLyric < index;
 }
 
 /// Behind the last line of the longest run from `first` that can be copied as it stands. A line that shares
 /// its physical line with a line outside of the run is no part of it.
-std::size_t Writer::runEnd(std::size_t first) const
+std::size_t Writer::runEnd(std::size_t first)
 {
+    const Lines lines = m_lines;
     std::size_t last = first;
-    while (last < m_lines.size() && canBeCopied(m_lines[last])
-        && (last == first || isSpelledBehind(m_lines[last - 1], m_lines[last])))
+    while (last < lines.size() && (LineAccess::isSureCopy(lines[last]) || canBeCopied(last))
+        && (last == first || isSpelledBehind(lines[last - 1], lines[last])))
         ++last;
-    if (last == m_lines.size())
+    if (last == lines.size())
         return last;
-    while (last > first && isJoined(m_lines[last - 1], m_lines[last]))
+    while (last > first && isJoined(lines[last - 1], lines[last]))
         --last;
     return last;
 }
@@ -113,10 +156,10 @@ void Writer::writeRun(std::size_t first, std::size_t last)
     const std::string_view head = LineAccess::spelling(m_lines[first]);
     const std::size_t length = LineAccess::end(m_lines[last - 1]) - LineAccess::begin(m_lines[first]);
     separate(head);
+    const std::size_t begin = m_sink.size();
     m_sink.append({head.data(), length});
-    const std::string_view tail = LineAccess::spelling(m_lines[last - 1]);
-    if (lineEndOf(tail).empty())
-        writeLineEnd(last - 1, tail.empty());
+    if (lineEndOf(LineAccess::spelling(m_lines[last - 1])).empty())
+        writeLineEnd(last - 1, begin);
 }
 
 /// Lines that share a physical line go on sharing it if they would be read as the same lines.
@@ -130,7 +173,7 @@ void Writer::writeGroup(std::size_t first, std::size_t last)
     for (std::size_t i = first; i < last; ++i)
         m_lineWriter.write(m_lines[i]);
     if (saysTheSame(m_sink.text().substr(begin), first, last)) {
-        writeLineEnd(last - 1, m_sink.size() == begin);
+        writeLineEnd(last - 1, begin);
         return;
     }
     m_sink.cutTo(begin);
@@ -145,26 +188,25 @@ bool Writer::saysTheSame(std::string_view text, std::size_t first, std::size_t l
     return std::equal(song.lines.begin(), song.lines.end(), group.begin(), group.end());
 }
 
-/// Asked for in rising order, so that all questions together go over the lines once.
 ReadingContext Writer::contextOf(std::size_t first, std::size_t last)
 {
-    for (; !m_lyricSeen && m_lookedAt < first; ++m_lookedAt)
-        m_lyricSeen = isLyric(m_lines[m_lookedAt]);
     const Lines group = m_lines.subspan(first, last - first);
     const bool inHours = std::any_of(group.begin(), group.end(),
         [](const RBSongLine &line) { return LineAccess::colonReading(line) == ColonReading::Hours; });
-    return {inHours ? ColonReading::Hours : ColonReading::Fraction, m_lyricSeen};
+    return {inHours ? ColonReading::Hours : ColonReading::Fraction, isLyricBefore(first)};
 }
 
 void Writer::writeLine(std::size_t index)
 {
     const std::size_t begin = m_sink.size();
     m_lineWriter.write(m_lines[index]);
-    writeLineEnd(index, m_sink.size() == begin);
+    writeLineEnd(index, begin);
 }
 
-void Writer::writeLineEnd(std::size_t index, bool isEmpty)
+/// \param begin  where in the text the line begins, or the run that it closes.
+void Writer::writeLineEnd(std::size_t index, std::size_t begin)
 {
+    const bool isEmpty = isNothingFrom(begin);
     const RBSongLine &line = m_lines[index];
     std::string_view own = lineEndOf(LineAccess::spelling(line));
     const bool isLast = index + 1 == m_lines.size();
@@ -173,6 +215,14 @@ void Writer::writeLineEnd(std::size_t index, bool isEmpty)
     if (isEmpty)
         separate(own);
     m_sink.append(own);
+}
+
+/// What is written from `begin` on will be read as no line. A byte-order mark that was left inside a text and
+/// has come to its beginning is taken for that of the document.
+bool Writer::isNothingFrom(std::size_t begin) const
+{
+    const std::string_view written = m_sink.text().substr(begin);
+    return written.empty() || (begin == 0 && written == kByteOrderMark);
 }
 
 /// A line that begins with LF must not become the second half of a CRLF.
@@ -209,14 +259,36 @@ bool isAsRead(Lines lines, const SongFrame &frame)
     return at == frame.source.text().size();
 }
 
-/// Whether the colon forms of `text` still mean what they mean in `lines`.
-bool colonFormsHold(const BlockRef &text, std::size_t from, Lines lines)
+/// The meaning of the time tag `a:b:c` that more lines have.
+ColonReading prevailingColonReading(Lines lines)
 {
-    if (std::none_of(lines.begin(), lines.end(), LineAccess::hasColonForm))
-        return true;
-    const ReadSong song = readSong(text, from);
-    return std::equal(song.lines.begin(), song.lines.end(), lines.begin(), lines.end());
+    const auto count = [lines](ColonReading reading) {
+        return std::count_if(lines.begin(), lines.end(), [reading](const RBSongLine &line) {
+            return LineAccess::hasColonForm(line) && LineAccess::colonReading(line) == reading;
+        });
+    };
+    return count(ColonReading::Hours) > count(ColonReading::Fraction) ? ColonReading::Hours
+                                                                      : ColonReading::Fraction;
 }
+
+/// A text that was written, and whether its time tags `a:b:c` will be read as what they mean in the lines.
+struct Attempt
+{
+    Attempt(Lines lines, const SongFrame &frame, ColonReadings allowed)
+    {
+        Writer writer(lines, frame, allowed);
+        text = writer.write();
+        forms = writer.colonForms();
+        if (!forms.fraction && !forms.hours)
+            return;
+        const ColonReading reading = readSong(text, frame.byteOrderMark.size()).colonReading;
+        holds = !forms.has(reading == ColonReading::Hours ? ColonReading::Fraction : ColonReading::Hours);
+    }
+
+    BlockRef text;
+    ColonReadings forms;
+    bool holds = true;
+};
 
 } // namespace
 
@@ -226,10 +298,16 @@ BlockRef writeSong(Lines lines, const SongFrame &frame)
         return frame.source;
     if (lines.empty())
         return {};
-    BlockRef text = Writer(lines, frame, ColonForm::Kept).write();
-    if (colonFormsHold(text, frame.byteOrderMark.size(), lines))
-        return text;
-    return Writer(lines, frame, ColonForm::Respelled).write();
+    Attempt attempt(lines, frame, {true, true});
+    if (!attempt.holds && attempt.forms.fraction && attempt.forms.hours) {
+        // A text has one reading: lines of another document give way to those that are more.
+        ColonReadings allowed;
+        allowed.add(prevailingColonReading(lines));
+        attempt = Attempt(lines, frame, allowed);
+    }
+    if (!attempt.holds)
+        attempt = Attempt(lines, frame, {});
+    return std::move(attempt.text);
 }
 
 } // namespace lyrics

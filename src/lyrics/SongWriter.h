@@ -9,6 +9,9 @@
 
 namespace lyrics {
 
+/// U+FEFF, which is the mark of a document only where its text begins.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 /// What belongs to a document and to none of its lines.
 struct SongFrame
 {

@@ -71,5 +71,12 @@ inline std::string anyText(Random &random, std::size_t lines, bool withColonForm
 /// Texts that a user may type into a text cell without making a tag of it.
 inline constexpr std::array<std::string_view, 8> kTypedTexts
     = {"", "hello", "  with blanks ", "走廊", "a [b] c", "two\nlines", "é😀", "(x)"};
+/// Texts with brackets that are, or are nearly, tags. None of them holds a time at its beginning.
+inline constexpr std::array<std::string_view, 15> kTagLikeTexts
+    = {"[ti:x]", "[ti:x] y", "[al:]", "[ti:open", "[re:me]", "[re:me] x", "[x:y]", "[x:y] z", "[x:y][Chorus]",
+        "[Chorus]", "[Verse 1: A]", "[", "]", "a ] b", "a [ b"};
+/// Texts that begin with a time.
+inline constexpr std::array<std::string_view, 4> kTimeLikeTexts
+    = {"[00:20.00]x", "[00:12:34]", "[00:75:10] y", "[35][Chorus]"};
 
 } // namespace generate

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lyrics/IdTag.h"
+#include "lyrics/LineAccess.h"
+#include "lyrics/LineEnds.h"
 #include "lyrics/RBEditSong.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <ostream>
@@ -66,6 +70,64 @@ inline PlainLine onlyLine(std::string_view text)
 {
     const RBEditSong song = built(text);
     return song.aryLines().size() == 1 ? plain(song.aryLines()[0]) : PlainLine{{}, "not one line", "!"};
+}
+
+/// Whether the lyric begins with `line` at the latest once it is written and read again.
+inline bool isReadAsLyric(const RBSongLine &line)
+{
+    const bool isTag = line.isProperty() && !line.propertyStr().empty();
+    if (isTag || !std::as_const(line).aryTimes().empty())
+        return !isTag;
+    const RBEditSong alone = built(line.lineText());
+    return std::any_of(alone.aryLines().begin(), alone.aryLines().end(),
+        [](const RBSongLine &read) { return !read.isProperty() && !read.isOtherTag(); });
+}
+
+/// The text round one physical line.
+struct Surroundings
+{
+    std::string before;
+    std::string after;
+    /// The same, where physical lines with a tag of an unknown word before another line are parted into
+    /// those.
+    std::string afterParted;
+    /// The last line of the physical line.
+    std::size_t last = 0;
+};
+
+/// \param row  of a document that was not edited yet.
+inline Surroundings surroundings(const RBEditSong &song, std::size_t row)
+{
+    using lyrics::LineAccess;
+    const auto &lines = song.aryLines();
+    const auto lastJoined = [&lines](std::size_t at) {
+        while (LineAccess::joinsNext(lines[at]))
+            ++at;
+        return at;
+    };
+    std::size_t first = row;
+    while (first > 0 && LineAccess::joinsPrevious(lines[first]))
+        --first;
+    Surroundings around;
+    around.last = lastJoined(row);
+    const std::string_view text = song.songText();
+    around.before = text.substr(0, LineAccess::begin(lines[first]));
+    around.after = text.substr(LineAccess::end(lines[around.last]));
+    lyrics::LineEndCount count;
+    for (const RBSongLine &line : lines)
+        count.count(lyrics::lineEndOf(LineAccess::spelling(line)));
+    const std::string_view lineEnd = count.prevailing().empty() ? "\n" : count.prevailing();
+    for (std::size_t at = around.last + 1; at < lines.size();) {
+        const std::size_t last = lastJoined(at);
+        bool isParted = false;
+        for (std::size_t i = at; i < last; ++i)
+            isParted = isParted || (lines[i].isOtherTag() && !lyrics::isKnownOtherTag(lines[i].lineText()));
+        for (; at <= last; ++at) {
+            around.afterParted += LineAccess::spelling(lines[at]);
+            around.afterParted += isParted && at < last ? lineEnd : "";
+        }
+    }
+    return around;
 }
 
 /// Asks every list of times for write access and changes nothing, so that the writer has to look.

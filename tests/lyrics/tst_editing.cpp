@@ -401,6 +401,16 @@ TEST(LineEnds, AnEmptiedLastLineCarriesOne)
     EXPECT_EQ(written(song), "a\r\n\r\n");
 }
 
+TEST(LineEnds, OfAnEmptiedLastLineAndItsCopyAreTwo)
+{
+    // Both were taken for one run of no bytes, which got one line end.
+    RBEditSong song = built("a\nb");
+    song.aryLines()[1].updateWithText("");
+    song.insertLine_atIndex(song.aryLines()[1].copy(), 2);
+    EXPECT_EQ(written(song), "a\n\n\n");
+    EXPECT_EQ(built(song.songText()), song);
+}
+
 TEST(LineEnds, AnEmptiedLineDoesNotMakeOneOfTwo)
 {
     RBEditSong song = built("a\rb\nc\n");
