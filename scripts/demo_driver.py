@@ -124,6 +124,20 @@ class Desk:
         self.table.clear_cache()
         return self.table.get_table_iface().get_n_columns()
 
+    def times(self, row):
+        """The texts of the row's time cells, which stand between the number and the text."""
+        self.table.clear_cache()
+        table = self.table.get_table_iface()
+        cells = (table.get_accessible_at(row, column) for column in range(1, table.get_n_columns() - 1))
+        return [cell.get_name() for cell in cells if cell and cell.get_name()]
+
+    def play_from_the_start(self):
+        """By a click on the left end of the slider, which also goes on playing."""
+        slider = self.find(self.window, lambda node: node.get_role() == Atspi.Role.SLIDER)
+        place = slider.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
+        subprocess.run(["xdotool", "mousemove", str(place.x + 2), str(place.y + place.height // 2),
+                        "click", "1"], check=True)
+
     def key(self, *names):
         subprocess.run(["xdotool", "key", "--delay", "20", *names], check=True)
 
@@ -163,17 +177,26 @@ def onsets_for(original, lines, duration):
 
 
 def stamp_all(desk, onsets):
+    """Presses Enter as each line comes. Answers, for each press, the positions that were shown
+    before it and once its stamp was seen: the stamp has to lie between them, however busy the
+    machine is."""
     selected = 0
+    seen = []
     for number, (row, seconds) in enumerate(onsets):
         desk.key(*["Down"] * (row - selected)) if row > selected else None
+        times = len(desk.times(row))
         desk.wait_until_position(seconds)
+        before = desk.position()
         desk.key("Return")
+        wait_for("the stamp of line %d" % (row + 1), lambda: len(desk.times(row)) > times)
+        seen.append((before, desk.position()))
         selected = row + 1
         if number == len(onsets) // 2:
             desk.picture("2-stamping")
+    return seen
 
 
-def report_stamps(onsets, lyric):
+def report_stamps(onsets, seen, lyric):
     stamped = []
     for line in lyric.splitlines():
         found = TIMED.match(line)
@@ -184,8 +207,9 @@ def report_stamps(onsets, lyric):
     late = [1000 * (time_ - seconds) for time_, (_, seconds) in zip(stamped, onsets)]
     say("keys were pressed %.0f ms after the lines began on average, standard deviation %.0f ms"
         % (statistics.mean(late), statistics.pstdev(late)))
-    if max(abs(value) for value in late) > 500:
-        fail("a stamp is half a second from its line")
+    for time_, (before, after) in zip(stamped, seen):
+        if not before - 0.01 <= time_ <= after + 0.01:
+            fail("%.2f s was stamped when %.2f to %.2f s were shown" % (time_, before, after))
 
 
 def main():
@@ -209,12 +233,12 @@ def main():
     desk.picture("1-opened")
     lines = desk.column(desk.columns() - 1)
     onsets = onsets_for(options.song, lines, duration)
-    if desk.position() > onsets[0][1] - 0.5:
-        fail("the song was not paused before its first line")
-
     say("playing it, and stamping %d lines as they come" % len(onsets))
-    desk.key("ctrl+space")
-    stamp_all(desk, onsets)
+    if desk.position() > onsets[0][1] - 0.5:
+        desk.play_from_the_start()
+    else:
+        desk.key("ctrl+space")
+    seen = stamp_all(desk, onsets)
     wait_for("the sign of unsaved changes", lambda: "*" in desk.title())
     desk.picture("3-stamped")
 
@@ -238,7 +262,7 @@ def main():
     print(lyric, flush=True)
     if any(lyric.count("[" + cell) < 1 for cell in shown if cell):
         fail("the table shows times that are not in the file")
-    report_stamps(onsets, lyric)
+    report_stamps(onsets, seen, lyric)
     say("done")
 
 
