@@ -43,7 +43,6 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
         m_long = m_folder.filePath(QStringLiteral("long.wav"));
         m_short = m_folder.filePath(QStringLiteral("short.wav"));
         QVERIFY(audiofiles::writeWave(m_long, audiofiles::noise(kSeconds)));
@@ -52,6 +51,8 @@ private Q_SLOTS:
 
     void init()
     {
+        // For each test anew: the toolkit forgets it at the end of a function.
+        QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
         m_recorder = std::make_shared<Recorder>();
         m_item = std::make_shared<PlainItem>();
     }
