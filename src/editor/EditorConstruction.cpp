@@ -8,6 +8,7 @@
 #include "kit/Theme.h"
 #include "resources/Localized.h"
 #include "resources/TQLrcUtils.h"
+#include "views/CellTextView.h"
 #include "views/RBNoResponseTextFiled.h"
 #include "views/SmallViews.h"
 
@@ -82,6 +83,8 @@ void TQLRCEditorViewCtl::viewDidLoad()
     ViewController::viewDidLoad();
     wireTable();
     wireDropTipView();
+    m_tableView->registerForDraggedTypes(
+        {QStringLiteral("text/uri-list"), QStringLiteral("TableLrcDragType"), QStringLiteral("text/plain")});
     refreshBtnsImages();
     wireButtons();
     buildStampShortcuts();
@@ -118,6 +121,7 @@ void TQLRCEditorViewCtl::wireTable()
     m_tableView->setDropInPrompt(localized(QStringLiteral("Drag and drop the lyrics file here or")));
     m_tableView->setReloadDelegate(std::weak_ptr<MyTableViewDelegate>(self()));
     m_tableView->setDataSource(std::weak_ptr<kit::TableDataSource>(self()));
+    m_tableView->setTextEditorFactory([](QWidget *parent) { return new views::CellTextView(parent); });
     m_tableView->replaceColumnsFrom(0, {editor::numberColumn()});
     m_tableView->replaceColumnsFrom(1, editor::columnsAfterNumber(0));
 }

@@ -78,11 +78,41 @@ QString TQLRCEditorViewCtl::tableView_objectValueForTableColumn_row(
     return line ? editor::cellText(*line, row, identifier) : QString();
 }
 
-bool TQLRCEditorViewCtl::tableView_isQuietCell(MyTableView *tableView, const QString &identifier, int row)
+kit::CellLook TQLRCEditorViewCtl::tableView_lookOfCell(
+    MyTableView *tableView, const QString &identifier, int row)
 {
     Q_UNUSED(tableView)
     const RBSongLine *line = getSongLineAtIndex(row);
-    return line && (identifier != editor::textColumnIdentifier() || line->isOtherTag());
+    if (!line) {
+        return {};
+    }
+    const bool isText = identifier == editor::textColumnIdentifier();
+    kit::CellLook look;
+    look.quiet = !isText || line->isOtherTag();
+    look.chip = isText ? editor::chipText(*line) : QString();
+    return look;
+}
+
+bool TQLRCEditorViewCtl::tableView_didPasteText_inColumn_row(
+    MyTableView *tableView, const kit::CellCaret &caret, const QString &pasted)
+{
+    Q_UNUSED(tableView)
+    Q_UNUSED(caret)
+    Q_UNUSED(pasted)
+    return false;
+}
+
+void TQLRCEditorViewCtl::tableView_didDropFiles(MyTableView *tableView, const QStringList &paths)
+{
+    Q_UNUSED(tableView)
+    loadWithFileUrl(QUrl::fromLocalFile(paths.first()));
+}
+
+void TQLRCEditorViewCtl::tableView_didDropText_beforeRow(MyTableView *tableView, const QString &text, int row)
+{
+    Q_UNUSED(tableView)
+    Q_UNUSED(text)
+    Q_UNUSED(row)
 }
 
 void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(

@@ -44,6 +44,7 @@ kit::TableColumn textColumn()
     column.width = 240;
     column.maximumWidth = kUnlimitedWidth;
     column.fillsRemainingWidth = true;
+    column.usesTextEditor = true;
     return column;
 }
 
@@ -113,6 +114,21 @@ std::optional<std::size_t> timeIndex(QStringView identifier)
 std::string_view shownText(const RBSongLine &line)
 {
     return line.isProperty() ? line.displayText() : line.lineText();
+}
+
+QString chipText(const RBSongLine &line)
+{
+    const std::string_view key = line.isProperty() ? line.propertyStr() : std::string_view();
+    if (key == "ti") {
+        return localized(QStringLiteral("Title"));
+    }
+    if (key == "ar") {
+        return localized(QStringLiteral("Artist"));
+    }
+    if (key == "al") {
+        return localized(QStringLiteral("Album"));
+    }
+    return key == "by" ? localized(QStringLiteral("Edited by")) : QString();
 }
 
 QString cellText(const RBSongLine &line, int row, QStringView identifier)

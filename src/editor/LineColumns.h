@@ -33,6 +33,8 @@ namespace editor {
 
 /// What the text column shows of a line: a tag line's value, otherwise the line's text.
 [[nodiscard]] std::string_view shownText(const RBSongLine &line);
+/// What a tag line is, in the user's language, for the chip before its value; empty for any other line.
+[[nodiscard]] QString chipText(const RBSongLine &line);
 /// The text of one cell; empty for any other identifier and for a line with fewer times.
 [[nodiscard]] QString cellText(const RBSongLine &line, int row, QStringView identifier);
 

@@ -152,8 +152,12 @@ public:
     void tableView_setObjectValue_forTableColumn_row(
         MyTableView *tableView, const QString &value, const QString &identifier, int row) override;
     void tableViewSelectionDidChange(MyTableView *tableView) override;
-    [[nodiscard]] bool tableView_isQuietCell(
+    [[nodiscard]] kit::CellLook tableView_lookOfCell(
         MyTableView *tableView, const QString &identifier, int row) override;
+    [[nodiscard]] bool tableView_didPasteText_inColumn_row(
+        MyTableView *tableView, const kit::CellCaret &caret, const QString &pasted) override;
+    void tableView_didDropFiles(MyTableView *tableView, const QStringList &paths) override;
+    void tableView_didDropText_beforeRow(MyTableView *tableView, const QString &text, int row) override;
     [[nodiscard]] QMenu *menuForRightClick() override;
     void deleteFileDown(QObject *sender) override;
     void spaceKeyDown(QObject *sender) override;

@@ -6,9 +6,11 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 
 #include <limits>
+#include <utility>
 
 namespace kit {
 
@@ -19,6 +21,8 @@ constexpr int kStyleMargin = 3;
 // What a line edit leaves free within its text margins.
 constexpr int kFieldMargin = 2;
 constexpr int kFocusMarkWidth = 3;
+// Room for the caret between the chip and the text.
+constexpr int kEditorMargin = 5;
 
 // What is typed as text, or moves in it, belongs to the editor and not to a shortcut.
 bool isTyping(const QKeyEvent &event)
@@ -29,9 +33,32 @@ bool isTyping(const QKeyEvent &event)
     return commands == Qt::NoModifier || (thirdLevel && !event.text().isEmpty() && event.text()[0].isPrint());
 }
 
+const DataSourceTableModel &modelOf(const QModelIndex &index)
+{
+    return *static_cast<const DataSourceTableModel *>(index.model());
+}
+
 } // namespace
 
 QWidget *CellEditingDelegate::createEditor(
+    QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    m_textEditor = nullptr;
+    m_givenText.reset();
+    const bool isText = modelOf(index).columns()[static_cast<std::size_t>(index.column())].usesTextEditor;
+    QWidget *editor = isText ? createTextEditor(parent, index) : nullptr;
+    if (!editor) {
+        editor = createField(parent, option, index);
+    }
+    if (editor) {
+        editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    }
+    m_editor = editor;
+    m_cell = index;
+    return editor;
+}
+
+QWidget *CellEditingDelegate::createField(
     QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     QWidget *editor = QStyledItemDelegate::createEditor(parent, option, index);
@@ -42,18 +69,77 @@ QWidget *CellEditingDelegate::createEditor(
         // The toolkit's own limit would cut a long line that was only looked at.
         field->setMaxLength(std::numeric_limits<int>::max());
         field->setAlignment(static_cast<Qt::Alignment>(index.data(Qt::TextAlignmentRole).toInt()));
-        field->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     }
-    m_editor = editor;
-    m_cell = index;
     return editor;
+}
+
+QWidget *CellEditingDelegate::createTextEditor(QWidget *parent, const QModelIndex &index) const
+{
+    m_textEditor = m_textEditorFactory ? m_textEditorFactory(parent) : nullptr;
+    if (!m_textEditor) {
+        return nullptr;
+    }
+    QWidget *editor = m_textEditor->widget();
+    editor->setAccessibleDescription(modelOf(index).lookOf(index).chip);
+    return editor;
+}
+
+void CellEditingDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    if (editor != m_editor || !m_textEditor) {
+        QStyledItemDelegate::setEditorData(editor, index);
+        return;
+    }
+    // The view asks whenever anything in the table changed; what is being typed stays then.
+    const QString text = index.data(Qt::EditRole).toString();
+    const bool isOpening = !m_givenText;
+    if (isOpening || text != *m_givenText) {
+        m_textEditor->setCellText(text);
+        m_givenText = text;
+    }
+    if (isOpening) {
+        m_textEditor->selectWholeText();
+    }
+}
+
+void CellEditingDelegate::setModelData(
+    QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+{
+    if (editor != m_editor || !m_textEditor) {
+        QStyledItemDelegate::setModelData(editor, model, index);
+        return;
+    }
+    model->setData(index, m_textEditor->cellText(), Qt::EditRole);
 }
 
 void CellEditingDelegate::updateEditorGeometry(
     QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    Q_UNUSED(index)
-    editor->setGeometry(option.rect.adjusted(0, 0, 0, -1));
+    if (editor == m_editor && m_textEditor) {
+        placeTextEditor(option, index);
+    } else {
+        editor->setGeometry(option.rect.adjusted(0, 0, 0, -1));
+    }
+}
+
+void CellEditingDelegate::placeTextEditor(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QStyleOptionViewItem cell = option;
+    const CellLook look = modelOf(index).lookOf(index);
+    QStyledItemDelegate::initStyleOption(&cell, index);
+    dress(&cell, look);
+    const QRect text = partsOfCell(cell, look, inkOf(cell)).text;
+    // The line between two rows and the marks stay in sight.
+    QRect place = option.rect.adjusted(0, 0, 0, -1);
+    if (text.left() > place.left() + kCellMargin) {
+        place.setLeft(text.left() - kEditorMargin);
+    }
+    if (text.right() < place.right() - kCellMargin) {
+        place.setRight(text.right() + kEditorMargin);
+    }
+    m_textEditor->setTextPlace(
+        text.left() - place.left(), place.right() - text.right(), option.rect.height());
+    m_editor->setGeometry(place);
 }
 
 void CellEditingDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
@@ -61,6 +147,8 @@ void CellEditingDelegate::destroyEditor(QWidget *editor, const QModelIndex &inde
     // The widget itself lives until the event loop comes round; for us it is gone now.
     if (m_editor == editor) {
         m_editor.clear();
+        m_textEditor = nullptr;
+        m_givenText.reset();
     }
     QStyledItemDelegate::destroyEditor(editor, index);
 }
@@ -71,55 +159,109 @@ bool CellEditingDelegate::eventFilter(QObject *watched, QEvent *event)
         event->accept();
         return true;
     }
+    if (event->type() == QEvent::KeyPress && m_textEditor && watched == m_editor
+        && leaveTextEditor(m_editor, static_cast<QKeyEvent *>(event)->key())) {
+        return true;
+    }
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 
-const Theme &CellEditingDelegate::themeOf(const QPalette &palette) const
+// The toolkit takes a text view for one of many lines and leaves it these keys.
+bool CellEditingDelegate::leaveTextEditor(QWidget *editor, int key)
 {
-    // Mixing the colours is dear for one cell, and all cells of a table share a palette.
-    if (!m_theme || m_themeKey != palette.cacheKey()) {
-        m_theme.emplace(palette);
-        m_themeKey = palette.cacheKey();
+    EndEditHint hint = NoHint;
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        hint = SubmitModelCache;
+        break;
+    case Qt::Key_Tab:
+        hint = EditNextItem;
+        break;
+    case Qt::Key_Backtab:
+        hint = EditPreviousItem;
+        break;
+    default:
+        return false;
     }
-    return *m_theme;
+    // The host hears of the edit in here, and may let go of the table.
+    const QPointer<CellEditingDelegate> alive(this);
+    const QPointer<QWidget> open(editor);
+    Q_EMIT commitData(editor);
+    if (alive && open && open == m_editor) {
+        Q_EMIT closeEditor(open, hint);
+    }
+    return true;
+}
+
+const CellInk &CellEditingDelegate::inkOf(const QStyleOptionViewItem &option) const
+{
+    // All cells of a table share a palette and a font.
+    const auto *view = qobject_cast<const QWidget *>(option.widget);
+    const QPalette palette = view ? view->palette() : option.palette;
+    const QFont font = view ? view->font() : option.font;
+    if (!m_ink || m_inkPalette != palette.cacheKey() || m_inkFont != font) {
+        m_ink.emplace(palette, font);
+        m_inkPalette = palette.cacheKey();
+        m_inkFont = font;
+    }
+    return *m_ink;
 }
 
 void CellEditingDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    dress(option, modelOf(index).lookOf(index));
+}
+
+void CellEditingDelegate::dress(QStyleOptionViewItem *option, const CellLook &look) const
+{
     // The row is what is selected; a frame round one cell of it would say otherwise.
     option->state &= ~QStyle::State_HasFocus;
     option->textElideMode = Qt::ElideRight;
-    if (index.data(kQuietRole).toBool()) {
-        const QColor quiet = themeOf(option->palette).quietText;
-        option->palette.setColor(QPalette::Text, quiet);
-        option->palette.setColor(QPalette::HighlightedText, quiet);
+    if (look.quiet || look.current) {
+        const CellInk &ink = inkOf(*option);
+        const QColor colour = look.current ? ink.theme.accentText : ink.theme.quietText;
+        option->palette.setColor(QPalette::Text, colour);
+        option->palette.setColor(QPalette::HighlightedText, colour);
+        if (look.current) {
+            option->font = ink.currentFont;
+            option->fontMetrics = QFontMetrics(ink.currentFont);
+        }
     }
-    // A line of Hebrew or Arabic reads from its own side, also in a window of another direction.
-    if (option->text.isRightToLeft() && option->direction == Qt::LeftToRight) {
+    // A line of Hebrew or Arabic begins at its own side, also in a window of another direction.
+    if (option->direction == Qt::LeftToRight && option->text.isRightToLeft()) {
         option->direction = Qt::RightToLeft;
-        option->displayAlignment |= Qt::AlignAbsolute;
     }
 }
 
 void CellEditingDelegate::paint(
     QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
+    QStyleOptionViewItem cell = option;
+    // Asked once for each: the value by the base, the look here.
+    const CellLook look = modelOf(index).lookOf(index);
+    QStyledItemDelegate::initStyleOption(&cell, index);
+    dress(&cell, look);
+    const CellInk &ink = inkOf(option);
+    const CellParts parts = partsOfCell(cell, look, ink);
     // The ground goes from edge to edge, the text keeps a distance from them.
     if (option.state & QStyle::State_Selected) {
         painter->fillRect(option.rect, option.palette.highlight());
     }
-    QStyleOptionViewItem inner = option;
-    inner.rect.adjust(kCellMargin - kStyleMargin, 0, kStyleMargin - kCellMargin, 0);
-    QStyledItemDelegate::paint(painter, inner, index);
+    cell.rect = parts.text.adjusted(-kStyleMargin, 0, kStyleMargin, 0);
+    const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
+    style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
+    cell.rect = option.rect;
+    paintMarks(painter, cell, parts, look, ink);
     painter->save();
     const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
     if (index.column() == 0 && (option.state & QStyle::State_Selected) && view && view->hasFocus()) {
         // Where the keys go: seen without telling one colour from another.
-        painter->fillRect(QRect(option.rect.topLeft(), QSize(kFocusMarkWidth, option.rect.height() - 1)),
-            themeOf(option.palette).focus);
+        painter->fillRect(
+            QRect(option.rect.topLeft(), QSize(kFocusMarkWidth, option.rect.height() - 1)), ink.theme.focus);
     }
-    painter->setPen(QPen(themeOf(option.palette).line, 0));
+    painter->setPen(QPen(ink.theme.line, 0));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     painter->restore();
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "kit/Theme.h"
+#include "kit/CellDrawing.h"
+#include "kit/CellTextEditor.h"
 
 #include <QtCore/QPointer>
 #include <QtWidgets/QStyledItemDelegate>
@@ -18,13 +19,21 @@ class CellEditingDelegate final : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// Makes the editors of columns that use one; an empty function, or one that answers null,
+    /// leaves them plain fields.
+    void setTextEditorFactory(CellTextEditorFactory factory) { m_textEditorFactory = std::move(factory); }
+
     /// Null while no cell is edited.
     [[nodiscard]] QWidget *editor() const { return m_editor; }
+    /// Null while no cell is edited by one.
+    [[nodiscard]] CellTextEditor *textEditor() const { return m_editor ? m_textEditor : nullptr; }
     /// The cell that it edits.
     [[nodiscard]] QModelIndex cell() const { return m_cell; }
 
     QWidget *createEditor(
         QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
     void updateEditorGeometry(
         QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void destroyEditor(QWidget *editor, const QModelIndex &index) const override;
@@ -36,11 +45,21 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
 private:
-    [[nodiscard]] const Theme &themeOf(const QPalette &palette) const;
+    QWidget *createField(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    QWidget *createTextEditor(QWidget *parent, const QModelIndex &index) const;
+    void placeTextEditor(const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    bool leaveTextEditor(QWidget *editor, int key);
+    void dress(QStyleOptionViewItem *option, const CellLook &look) const;
+    [[nodiscard]] const CellInk &inkOf(const QStyleOptionViewItem &option) const;
 
-    mutable std::optional<Theme> m_theme;
-    mutable qint64 m_themeKey = 0;
+    CellTextEditorFactory m_textEditorFactory;
+    mutable std::optional<CellInk> m_ink;
+    mutable qint64 m_inkPalette = 0;
+    mutable QFont m_inkFont;
     mutable QPointer<QWidget> m_editor;
+    mutable CellTextEditor *m_textEditor = nullptr;
+    // What the text editor was given last; what is typed does not count.
+    mutable std::optional<QString> m_givenText;
     mutable QPersistentModelIndex m_cell;
 };
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "kit/DataSourceTableModel.h"
 
+#include "kit/FormLoader.h"
 #include "kit/MyTableView.h"
+
+#include <QtGui/QTextDocument>
 
 #include <algorithm>
 #include <iterator>
@@ -13,6 +16,29 @@ namespace {
 
 // A line of a million characters would be laid out at every paint; nobody sees more than this.
 constexpr qsizetype kLongestShownText = 2000;
+
+QString capped(QString text)
+{
+    if (text.size() > kLongestShownText) {
+        text.truncate(kLongestShownText);
+        text.append(QChar(u'…'));
+    }
+    return text;
+}
+
+// A tooltip takes what looks like markup for markup.
+QString asPlainTip(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+}
+
+QString description(const CellLook &look)
+{
+    const QString current
+        = look.current ? FormLoader::translated(QStringLiteral("The line that is heard now")) : QString();
+    return look.problem.isEmpty() || current.isEmpty() ? look.problem + current
+                                                       : look.problem + QLatin1String(". ") + current;
+}
 
 } // namespace
 
@@ -88,29 +114,41 @@ QString DataSourceTableModel::shownText(const QModelIndex &index) const
         : QString();
 }
 
+CellLook DataSourceTableModel::lookOf(const QModelIndex &index) const
+{
+    const auto source = dataSource();
+    if (!source || !checkIndex(index, CheckIndexOption::IndexIsValid)) {
+        return {};
+    }
+    const auto &column = m_columns[static_cast<std::size_t>(index.column())];
+    return source->tableView_lookOfCell(m_tableView, column.identifier, index.row());
+}
+
+// Empty where the text that is shown says all.
+QString DataSourceTableModel::spokenText(const QModelIndex &index) const
+{
+    const QString chip = lookOf(index).chip;
+    return chip.isEmpty() ? QString() : chip + QLatin1String(": ") + capped(shownText(index));
+}
+
 QVariant DataSourceTableModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
         return {};
     }
-    const auto &column = m_columns[static_cast<std::size_t>(index.column())];
     switch (role) {
-    case Qt::DisplayRole: {
-        QString text = shownText(index);
-        if (text.size() > kLongestShownText) {
-            text.truncate(kLongestShownText);
-            text.append(QChar(u'…'));
-        }
-        return text;
-    }
+    case Qt::DisplayRole:
+        return capped(shownText(index));
     case Qt::EditRole:
         return shownText(index);
     case Qt::TextAlignmentRole:
-        return QVariant::fromValue(column.alignment);
-    case kQuietRole: {
-        const auto source = dataSource();
-        return source && source->tableView_isQuietCell(m_tableView, column.identifier, index.row());
-    }
+        return QVariant::fromValue(m_columns[static_cast<std::size_t>(index.column())].alignment);
+    case Qt::ToolTipRole:
+        return asPlainTip(lookOf(index).problem);
+    case Qt::AccessibleTextRole:
+        return spokenText(index);
+    case Qt::AccessibleDescriptionRole:
+        return description(lookOf(index));
     default:
         return {};
     }

@@ -10,9 +10,6 @@
 
 namespace kit {
 
-/// True for a cell that is drawn in the quiet text colour.
-inline constexpr int kQuietRole = Qt::UserRole;
-
 /// The model under a `MyTableView`: forwards every question to the data source.
 ///
 /// Holds nothing of the rows but their number as of the last `reload()`, so that the source may
@@ -32,6 +29,9 @@ public:
     [[nodiscard]] const std::vector<TableColumn> &columns() const { return m_columns; }
     void setColumnTitle(int column, const QString &title);
 
+    /// How the cell looks; asks the source. An empty look for a cell that does not exist.
+    [[nodiscard]] CellLook lookOf(const QModelIndex &index) const;
+
     /// Takes over the source's number of rows: rows come and go at the end, and every cell is
     /// asked for again when it is next painted. The cost does not depend on the rows that stay.
     void reload();
@@ -45,6 +45,7 @@ public:
 
 private:
     [[nodiscard]] QString shownText(const QModelIndex &index) const;
+    [[nodiscard]] QString spokenText(const QModelIndex &index) const;
 
     MyTableView *m_tableView;
     std::weak_ptr<TableDataSource> m_dataSource;

@@ -4,6 +4,7 @@
 #include "kit/CellEditingDelegate.h"
 #include "kit/DataSourceTableModel.h"
 #include "kit/QuietHeader.h"
+#include "kit/TableDrops.h"
 #include "kit/Theme.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -43,7 +44,7 @@ private:
 
 MyTableView::MyTableView(QWidget *parent)
     : QTableView(parent), m_model(new kit::DataSourceTableModel(this)),
-      m_cellDelegate(new kit::CellEditingDelegate(this)),
+      m_cellDelegate(new kit::CellEditingDelegate(this)), m_drops(new kit::TableDrops(this)),
       m_dropTipView(new DropTipView(parent ? parent : viewport()))
 {
     setModel(m_model);
@@ -77,7 +78,7 @@ void MyTableView::configure()
     verticalHeader()->setDefaultSectionSize(kit::kRowHeight);
     setHorizontalHeader(new kit::QuietHeader(this));
     connect(horizontalHeader(), &QHeaderView::sectionResized, this,
-        [this](int column, int, int width) { keepColumnWithinLimits(column, width); });
+        [this](int column, int, int width) { columnResized(column, width); });
 }
 
 void MyTableView::wireSelection()
@@ -101,61 +102,9 @@ void MyTableView::setDropInPrompt(const QString &prompt)
     m_dropTipView->setPrompt(prompt);
 }
 
-int MyTableView::numberOfColumns() const
-{
-    return m_model->columnCount();
-}
-
 int MyTableView::numberOfRows() const
 {
     return m_model->rowCount();
-}
-
-const std::vector<kit::TableColumn> &MyTableView::tableColumns() const
-{
-    return m_model->columns();
-}
-
-int MyTableView::columnWithIdentifier(const QString &identifier) const
-{
-    const auto &columns = m_model->columns();
-    const auto found = std::find_if(columns.begin(), columns.end(),
-        [&identifier](const kit::TableColumn &column) { return column.identifier == identifier; });
-    return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
-}
-
-void MyTableView::replaceColumnsFrom(int first, std::vector<kit::TableColumn> columns)
-{
-    const QScopedValueRollback reloading(m_reloading, true);
-    // The selection is of whole rows: it must reach over the new columns, too.
-    const kit::RowRanges rows = selectedRowRanges();
-    const int row = currentIndex().row();
-    const int column = std::max(0, currentIndex().column());
-    const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
-    // The current cell goes with its column, and the view would follow it.
-    setAutoScroll(false);
-    m_model->replaceColumnsFrom(first, std::move(columns));
-    selectionModel()->select(kit::wholeRows(rows, *m_model), QItemSelectionModel::ClearAndSelect);
-    selectionModel()->setCurrentIndex(
-        m_model->index(row, std::min(column, numberOfColumns() - 1)), QItemSelectionModel::NoUpdate);
-    setAutoScroll(true);
-
-    const auto &all = m_model->columns();
-    for (std::size_t replaced = static_cast<std::size_t>(std::max(first, 0)); replaced < all.size();
-         ++replaced) {
-        setColumnWidth(static_cast<int>(replaced), all[replaced].width);
-    }
-    fitFillingColumn();
-    updateGeometries();
-    horizontalScrollBar()->setValue(scrolled.x());
-    verticalScrollBar()->setValue(scrolled.y());
-}
-
-void MyTableView::setColumnTitle(const QString &identifier, const QString &title)
-{
-    if (const int column = columnWithIdentifier(identifier); column >= 0) {
-        m_model->setColumnTitle(column, title);
-    }
 }
 
 void MyTableView::reloadData()
@@ -176,6 +125,14 @@ void MyTableView::reloadData()
     }
     if (selectedRowRanges() != before) {
         reportSelection();
+    }
+}
+
+void MyTableView::redrawRow(int row)
+{
+    // Not by way of the model, which would be taken for a change of the values.
+    if (row >= 0 && row < numberOfRows()) {
+        viewport()->update(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
     }
 }
 
@@ -241,35 +198,6 @@ void MyTableView::reportSelection()
     if (const auto source = m_model->dataSource()) {
         source->tableViewSelectionDidChange(this);
     }
-}
-
-void MyTableView::keepColumnWithinLimits(int column, int width)
-{
-    if (m_fittingColumns || column < 0 || column >= numberOfColumns()) {
-        return;
-    }
-    const auto &limits = m_model->columns()[static_cast<std::size_t>(column)];
-    {
-        const QScopedValueRollback fitting(m_fittingColumns, true);
-        setColumnWidth(column, std::clamp(width, limits.minimumWidth, limits.maximumWidth));
-    }
-    if (!limits.fillsRemainingWidth) {
-        fitFillingColumn();
-    }
-}
-
-void MyTableView::fitFillingColumn()
-{
-    const auto &columns = m_model->columns();
-    const auto filling = std::find_if(columns.begin(), columns.end(),
-        [](const kit::TableColumn &column) { return column.fillsRemainingWidth; });
-    if (filling == columns.end()) {
-        return;
-    }
-    const int column = static_cast<int>(filling - columns.begin());
-    const int others = horizontalHeader()->length() - columnWidth(column);
-    const QScopedValueRollback fitting(m_fittingColumns, true);
-    setColumnWidth(column, std::max(filling->minimumWidth, viewport()->width() - others));
 }
 
 void MyTableView::applyTheme()

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "kit/CellTextEditor.h"
 #include "kit/DropTipView.h"
 #include "kit/RowSelection.h"
 #include "kit/TableDataSource.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QPointer>
+#include <QtCore/QStringList>
 #include <QtWidgets/QTableView>
 
 #include <memory>
@@ -16,7 +19,10 @@ class QMenu;
 namespace kit {
 class CellEditingDelegate;
 class DataSourceTableModel;
+class TableDrops;
 } // namespace kit
+
+class MyTableView;
 
 /// What a table asks of, and tells, the controller that owns its rows.
 class MyTableViewDelegate
@@ -32,6 +38,21 @@ public:
     virtual void spaceKeyDown(QObject *sender) { static_cast<void>(sender); }
     /// The table was reloaded.
     virtual void tableViewReloaded(QObject *sender) { static_cast<void>(sender); }
+    /// Files were dropped on the rows; `paths` are local and never empty. The drag is over, and an
+    /// open cell editor was committed.
+    virtual void tableView_didDropFiles(MyTableView *tableView, const QStringList &paths)
+    {
+        static_cast<void>(tableView);
+        static_cast<void>(paths);
+    }
+    /// Text was dropped between two rows: before `row`, which is the number of rows for the end.
+    /// `text` is as it came and never empty. The drag is over, and an open cell editor was committed.
+    virtual void tableView_didDropText_beforeRow(MyTableView *tableView, const QString &text, int row)
+    {
+        static_cast<void>(tableView);
+        static_cast<void>(text);
+        static_cast<void>(row);
+    }
 
 protected:
     MyTableViewDelegate() = default;
@@ -75,10 +96,19 @@ public:
     /// −1 when there is none.
     [[nodiscard]] int columnWithIdentifier(const QString &identifier) const;
     /// Keeps the columns before `first` as they are and puts `columns` in the place of the rest.
+    /// A width that the user gave to a column of the same identifier, ever, holds over its own.
     void replaceColumnsFrom(int first, std::vector<kit::TableColumn> columns);
     void setColumnTitle(const QString &identifier, const QString &title);
 
     void reloadData();
+    /// Asks for the look and the value of one row's cells again. An open editor stays.
+    void redrawRow(int row);
+
+    /// Takes drags of these types from now on, when there is a row to drop on: local files
+    /// ("text/uri-list"), else text ("text/plain"), which the delegate is told of; any other type
+    /// is accepted and carries nothing.
+    void registerForDraggedTypes(const QStringList &mimeTypes);
+    [[nodiscard]] QStringList registeredDraggedTypes() const;
 
     /// The row added to the selection last, if it is still selected; otherwise the nearest
     /// selected row, the lower on ties; −1 when nothing is selected.
@@ -90,10 +120,14 @@ public:
     void selectSingleRow(int row);
     void scrollRowToVisible(int row);
 
+    /// Makes the editors of the columns with `usesTextEditor`; without one they are plain fields.
+    void setTextEditorFactory(const kit::CellTextEditorFactory &factory);
     /// Opens the cell's editor, its text selected; nothing for a cell that does not exist or
     /// cannot be edited.
     void editColumn_row_select(int column, int row, bool select);
     [[nodiscard]] bool isEditingCell() const;
+    /// Where the caret stands; nothing unless a text editor is open.
+    [[nodiscard]] std::optional<kit::CellCaret> caretInCell() const;
     /// Closes an open cell editor and discards what was typed.
     void abortEditing();
     /// Closes an open cell editor and commits what was typed.
@@ -114,6 +148,11 @@ protected:
     void hideEvent(QHideEvent *event) override;
     void keyboardSearch(const QString &search) override { Q_UNUSED(search) }
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void commitData(QWidget *editor) override;
@@ -127,16 +166,20 @@ private:
     void wireSelection();
     void rowsSelected(const QItemSelection &selected);
     void reportSelection();
-    void keepColumnWithinLimits(int column, int width);
+    void columnResized(int column, int width);
     void fitFillingColumn();
     [[nodiscard]] QModelIndex editableCell(const QModelIndex &index) const;
     void placeDropTipView();
+    [[nodiscard]] bool offerLines(const QString &pasted);
 
     std::weak_ptr<MyTableViewDelegate> m_reloadDelegate;
     kit::DataSourceTableModel *m_model = nullptr;
     kit::CellEditingDelegate *m_cellDelegate = nullptr;
+    kit::TableDrops *m_drops = nullptr;
     // Beside the table, not in it: what reads the screen aloud knows a table's cells only.
     QPointer<DropTipView> m_dropTipView;
+    // By identifier: columns come and go with the document.
+    QHash<QString, int> m_draggedWidths;
     int m_lastAddedRow = -1;
     int m_heldReports = 0;
     bool m_selectionChanged = false;

@@ -56,10 +56,43 @@ void MyTableView::editColumn_row_select(int column, int row, bool select)
     selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     scrollTo(cell);
     edit(cell);
-    // The view opens every editor with its text selected.
-    if (auto *field = qobject_cast<QLineEdit *>(m_cellDelegate->editor()); field && !select) {
-        field->deselect();
+    if (!select) {
+        // Every editor opens with its text selected.
+        if (kit::CellTextEditor *text = m_cellDelegate->textEditor()) {
+            text->selectNothing();
+        } else if (auto *field = qobject_cast<QLineEdit *>(m_cellDelegate->editor())) {
+            field->deselect();
+        }
     }
+}
+
+void MyTableView::setTextEditorFactory(const kit::CellTextEditorFactory &factory)
+{
+    m_cellDelegate->setTextEditorFactory([this, factory](QWidget *parent) {
+        kit::CellTextEditor *editor = factory ? factory(parent) : nullptr;
+        if (editor) {
+            editor->setLinesHandler([this](const QString &pasted) { return offerLines(pasted); });
+        }
+        return editor;
+    });
+}
+
+bool MyTableView::offerLines(const QString &pasted)
+{
+    const auto caret = caretInCell();
+    const auto source = m_model->dataSource();
+    return caret && source && source->tableView_didPasteText_inColumn_row(this, *caret, pasted);
+}
+
+std::optional<kit::CellCaret> MyTableView::caretInCell() const
+{
+    const kit::CellTextEditor *editor = m_cellDelegate->textEditor();
+    const QModelIndex cell = m_cellDelegate->cell();
+    if (!editor || !cell.isValid()) {
+        return std::nullopt;
+    }
+    return kit::CellCaret{m_model->columns()[static_cast<std::size_t>(cell.column())].identifier, cell.row(),
+        editor->textBeforeSelection(), editor->textAfterSelection()};
 }
 
 bool MyTableView::isEditingCell() const

@@ -215,5 +215,9 @@
         <source>Lyric lines</source>
         <translation>Liedzeilen</translation>
     </message>
+    <message>
+        <source>The line that is heard now</source>
+        <translation>Die Zeile, die gerade zu hören ist</translation>
+    </message>
 </context>
 </TS>

@@ -215,5 +215,9 @@
         <source>Lyric lines</source>
         <translation>Lyric lines</translation>
     </message>
+    <message>
+        <source>The line that is heard now</source>
+        <translation>The line that is heard now</translation>
+    </message>
 </context>
 </TS>

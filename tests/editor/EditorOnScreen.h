@@ -4,8 +4,10 @@
 #include "editor/TQLRCEditorViewCtl.h"
 #include "resources/Resources.h"
 #include "support/StandIns.h"
+#include "views/CellTextView.h"
 
 #include <QtTest/QTest>
+#include <QtWidgets/QLineEdit>
 
 /// A line editor in a window, with a host and a container that a test can ask.
 struct EditorOnScreen
@@ -52,6 +54,19 @@ struct EditorOnScreen
         }
         return titles;
     }
+    /// The editor of the text cell that is open; null when none is.
+    [[nodiscard]] views::CellTextView *textField() const
+    {
+        return visibleChild<views::CellTextView>(table()->viewport());
+    }
+    /// The editor of the time cell that is open; null when none is.
+    [[nodiscard]] QLineEdit *timeField() const { return visibleChild<QLineEdit>(table()->viewport()); }
+    /// Whichever it is.
+    [[nodiscard]] QWidget *field() const
+    {
+        QWidget *text = textField();
+        return text ? text : timeField();
+    }
     void selectRows(int first, int last) const
     {
         table()->selectSingleRow(first);
@@ -78,6 +93,17 @@ struct EditorOnScreen
     {
         const auto &line = std::as_const(editor->song()).aryLines().at(static_cast<std::size_t>(row));
         return std::string(line.isProperty() ? line.displayText() : line.lineText());
+    }
+
+    template <class T>
+    static T *visibleChild(const QWidget *parent)
+    {
+        for (T *child : parent->findChildren<T *>()) {
+            if (child->isVisible()) {
+                return child;
+            }
+        }
+        return nullptr;
     }
 
     std::shared_ptr<standin::Host> host = std::make_shared<standin::Host>();

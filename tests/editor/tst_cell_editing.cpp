@@ -8,22 +8,11 @@
 #include <QtGui/QAction>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QScrollBar>
 
 namespace {
-
-QLineEdit *field(const EditorOnScreen &screen)
-{
-    for (auto *candidate : screen.table()->viewport()->findChildren<QLineEdit *>()) {
-        if (candidate->isVisible()) {
-            return candidate;
-        }
-    }
-    return nullptr;
-}
 
 void clickRow(const EditorOnScreen &screen, int row, Qt::KeyboardModifiers modifiers = {})
 {
@@ -67,7 +56,7 @@ private Q_SLOTS:
         screen.load("one\ntwo\nthree\n");
         QVERIFY(QTest::qWaitForWindowActive(screen.view));
         screen.table()->editColumn_row_select(1, 1, true);
-        QTest::keyClicks(field(screen), QStringLiteral("typed"));
+        QTest::keyClicks(screen.field(), QStringLiteral("typed"));
         QTest::keyClick(QApplication::focusWidget(), key);
         screen.editor->commitEditing();
         QCOMPARE(screen.editor->songText(), QByteArray("one\ntyped\nthree\n"));
@@ -79,7 +68,7 @@ private Q_SLOTS:
         screen.load("one\ntwo\nthree\n");
         QVERIFY(QTest::qWaitForWindowActive(screen.view));
         screen.table()->editColumn_row_select(1, 1, true);
-        QTest::keyClicks(field(screen), QStringLiteral("typed"));
+        QTest::keyClicks(screen.field(), QStringLiteral("typed"));
         clickRow(screen, 2);
         QCOMPARE(screen.editor->songText(), QByteArray("one\ntyped\nthree\n"));
         QCOMPARE(screen.table()->selectedRow(), 2);
@@ -92,7 +81,7 @@ private Q_SLOTS:
         screen.load("one\ntwo\nthree\n");
         QVERIFY(QTest::qWaitForWindowActive(screen.view));
         screen.table()->editColumn_row_select(1, 2, true);
-        QTest::keyClicks(field(screen), QStringLiteral("typed"));
+        QTest::keyClicks(screen.field(), QStringLiteral("typed"));
         screen.editor->selectPrevLine(false);
         QCOMPARE(screen.editor->songText(), QByteArray("one\ntwo\ntyped\n"));
         QCOMPARE(screen.table()->selectedRow(), 1);
@@ -106,10 +95,10 @@ private Q_SLOTS:
         screen.table()->selectSingleRow(1);
         screen.editor->selectPrevLine(true);
         screen.table()->editColumn_row_select(1, 1, true);
-        QTest::keyClicks(field(screen), QStringLiteral("typed"));
+        QTest::keyClicks(screen.field(), QStringLiteral("typed"));
         QTRY_COMPARE(screen.table()->currentIndex().row(), 0);
         QTRY_VERIFY(screen.table()->isEditingCell());
-        QTest::keyClick(field(screen), Qt::Key_Escape);
+        QTest::keyClick(screen.field(), Qt::Key_Escape);
         QCOMPARE(screen.editor->songText(), QByteArray("one\ntyped\n"));
     }
 
@@ -136,7 +125,7 @@ private Q_SLOTS:
         QTest::keyClick(screen.table(), Qt::Key_Down, Qt::ControlModifier);
         QTest::keyClick(screen.table(), Qt::Key_F2);
         QVERIFY(screen.table()->isEditingCell());
-        QTest::keyClick(field(screen), Qt::Key_Return);
+        QTest::keyClick(screen.field(), Qt::Key_Return);
         QTRY_VERIFY(!screen.table()->isEditingCell());
         QCOMPARE(screen.editor->songText(), QByteArray("[00:01.00]one\n[00:02.00]two\n"));
         QCOMPARE(screen.table()->selectedRow(), 1);
@@ -150,8 +139,8 @@ private Q_SLOTS:
         screen.table()->setFocus();
         QTest::keyClick(screen.table(), Qt::Key_F2);
         QVERIFY(screen.table()->isEditingCell());
-        QCOMPARE(field(screen)->text(), QStringLiteral("one"));
-        QTest::keyClick(field(screen), Qt::Key_Escape);
+        QCOMPARE(screen.textField()->cellText(), QStringLiteral("one"));
+        QTest::keyClick(screen.field(), Qt::Key_Escape);
         QTRY_VERIFY(!screen.table()->isEditingCell());
         QTest::keyClick(screen.table(), Qt::Key_Return);
         QCOMPARE(screen.times(0).size(), 1);
@@ -203,8 +192,8 @@ private Q_SLOTS:
         screen.editor->commitEditing();
         QCOMPARE(screen.editor->songText(), text + "\n");
         screen.table()->editColumn_row_select(1, 0, true);
-        field(screen)->end(false);
-        QTest::keyClicks(field(screen), QStringLiteral("z"));
+        screen.textField()->moveCursor(QTextCursor::End);
+        QTest::keyClicks(screen.field(), QStringLiteral("z"));
         screen.editor->commitEditing();
         QCOMPARE(screen.editor->songText(), text + "z\n");
     }
@@ -215,7 +204,7 @@ private Q_SLOTS:
         EditorOnScreen screen;
         screen.load("one\n");
         screen.table()->editColumn_row_select(1, 0, true);
-        QWidget *editor = field(screen);
+        QWidget *editor = screen.field();
         QVERIFY(!isTakenAsTyping(editor, Qt::Key_S, Qt::ControlModifier, QStringLiteral("\x13")));
         QVERIFY(!isTakenAsTyping(editor, Qt::Key_F, Qt::AltModifier, QStringLiteral("f")));
         QVERIFY(!isTakenAsTyping(editor, Qt::Key_Space, Qt::ControlModifier, QStringLiteral(" ")));
@@ -241,7 +230,7 @@ private Q_SLOTS:
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         screen.table()->editColumn_row_select(1, 0, true);
-        QTest::keyClick(field(screen), Qt::Key_S, Qt::ControlModifier);
+        QTest::keyClick(screen.field(), Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(saves, 1);
         window.takeCentralWidget();
     }
@@ -262,7 +251,7 @@ private Q_SLOTS:
         screen.load("[00:01.00]one\n[00:02.00]two\n");
         QVERIFY(QTest::qWaitForWindowActive(screen.view));
         screen.table()->editColumn_row_select(1, 0, true);
-        QTest::keyClicks(field(screen), QStringLiteral("abc"));
+        QTest::keyClicks(screen.field(), QStringLiteral("abc"));
         int alerts = 0;
         support::whenDialogOpens([&alerts](QWidget &dialog) {
             ++alerts;
@@ -271,16 +260,16 @@ private Q_SLOTS:
         const int before = screen.host->changes;
         switch (way) {
         case 0:
-            QTest::keyClick(field(screen), Qt::Key_Return);
+            QTest::keyClick(screen.field(), Qt::Key_Return);
             break;
         case 1:
             clickRow(screen, 1);
             break;
         case 2:
-            QTest::keyClick(field(screen), Qt::Key_Down);
+            QTest::keyClick(screen.field(), Qt::Key_Down);
             break;
         default:
-            QTest::keyClick(field(screen), Qt::Key_Tab);
+            QTest::keyClick(screen.field(), Qt::Key_Tab);
         }
         QTRY_COMPARE(alerts, 1);
         QTRY_COMPARE(screen.host->changes, before + 1);

@@ -8,7 +8,6 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QHeaderView>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollBar>
 
 using support::buttonTitled;
@@ -175,7 +174,7 @@ private Q_SLOTS:
         const QRect cell = screen.table()->visualRect(screen.table()->model()->index(1, 2));
         QTest::mouseClick(screen.table()->viewport(), Qt::LeftButton, {}, cell.center());
         QTest::mouseDClick(screen.table()->viewport(), Qt::LeftButton, {}, cell.center());
-        auto *field = screen.table()->findChild<QLineEdit *>();
+        QWidget *field = screen.field();
         QVERIFY(field);
         // Neither space nor the stamp key is anything but typing here.
         QTest::keyClicks(field, QStringLiteral("zwei drei"));
@@ -300,9 +299,8 @@ private Q_SLOTS:
         EditorOnScreen screen;
         screen.load("a\n");
         screen.table()->editColumn_row_select(1, 0, true);
-        auto *field = screen.table()->findChild<QLineEdit *>();
-        QVERIFY(field);
-        field->setText(QStringLiteral("typed"));
+        QVERIFY(screen.field());
+        QTest::keyClicks(screen.field(), QStringLiteral("typed"));
         screen.editor->reloadDataWithLrcChanged();
         QVERIFY(!screen.table()->isEditingCell());
         QCOMPARE(screen.text(0), "a");
@@ -313,7 +311,7 @@ private Q_SLOTS:
         EditorOnScreen screen;
         screen.load("a\nb\n");
         screen.table()->editColumn_row_select(1, 0, true);
-        screen.table()->findChild<QLineEdit *>()->setText(QStringLiteral("typed"));
+        QTest::keyClicks(screen.field(), QStringLiteral("typed"));
         QTest::mouseClick(screen.editor->btnInsertTime(), Qt::LeftButton);
         QCOMPARE(screen.text(0), "typed");
         QCOMPARE(screen.times(0), QList<std::int64_t>({0}));

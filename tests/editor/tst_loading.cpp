@@ -7,7 +7,6 @@
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QDropEvent>
 #include <QtTest/QTest>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 
@@ -115,7 +114,7 @@ private Q_SLOTS:
         EditorOnScreen screen;
         screen.load("a\n");
         screen.table()->editColumn_row_select(1, 0, true);
-        screen.table()->findChild<QLineEdit *>()->setText(QStringLiteral("typed"));
+        QTest::keyClicks(screen.field(), QStringLiteral("typed"));
         QVERIFY(screen.editor->serializeToAudioItem());
         QCOMPARE(screen.item->lyric(), QByteArray("typed\n"));
         QVERIFY(!screen.table()->isEditingCell());
@@ -179,7 +178,7 @@ private Q_SLOTS:
         QCOMPARE(screen.editor->songLinesNum(), 1);
         QCOMPARE(screen.table()->selectedRow(), 0);
         QTRY_VERIFY(screen.table()->isEditingCell());
-        auto *field = screen.table()->findChild<QLineEdit *>();
+        QWidget *field = screen.field();
         QTest::keyClicks(field, QStringLiteral("First line"));
         QTest::keyClick(field, Qt::Key_Return);
         QTRY_COMPARE(screen.text(0), "First line");

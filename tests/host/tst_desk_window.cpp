@@ -8,6 +8,7 @@
 #include "shell/TQWLRCEditorViewCtl.h"
 #include "support/ModalDialogs.h"
 #include "support/QtWarnings.h"
+#include "views/CellTextView.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QMimeData>
@@ -16,7 +17,6 @@
 #include <QtGui/QDropEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QStatusBar>
 
@@ -155,7 +155,7 @@ private Q_SLOTS:
     {
         QVERIFY(m_window->open(path("a.mp3")));
         editor()->tableView()->editColumn_row_select(1, 0, true);
-        editor()->tableView()->findChild<QLineEdit *>()->setText(QStringLiteral("typed"));
+        QTest::keyClicks(editor()->tableView()->findChild<views::CellTextView *>(), QStringLiteral("typed"));
         answerWith(QMessageBox::Cancel);
         QVERIFY(!m_window->open(path("b.flac")));
         QCOMPARE(m_window->component()->songText(), QByteArray("typed\n"));
@@ -220,7 +220,7 @@ private Q_SLOTS:
         QVERIFY(m_window->open(path("typed.mp3")));
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
         editor()->tableView()->editColumn_row_select(1, 0, true);
-        auto *field = editor()->tableView()->findChild<QLineEdit *>();
+        auto *field = editor()->tableView()->findChild<views::CellTextView *>();
         QTest::keyClicks(field, QStringLiteral("typed"));
         QTest::keyClick(field, Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(songs::lyricReadByAnother(path("typed.mp3")), QByteArray("typed\n"));

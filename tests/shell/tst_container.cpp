@@ -3,10 +3,10 @@
 #include "shell/TQWLRCEditorViewCtl.h"
 #include "support/ModalDialogs.h"
 #include "support/QtWarnings.h"
+#include "views/CellTextView.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractButton>
-#include <QtWidgets/QLineEdit>
 
 using support::buttonTitled;
 using support::textsOf;
@@ -303,7 +303,8 @@ private Q_SLOTS:
         setup.load(Setup::item("a\n"));
         const int changes = setup.host->changes;
         setup.editor->tableView()->editColumn_row_select(1, 0, true);
-        setup.editor->tableView()->findChild<QLineEdit *>()->setText(QStringLiteral("typed"));
+        QTest::keyClicks(
+            setup.editor->tableView()->findChild<views::CellTextView *>(), QStringLiteral("typed"));
         QByteArray atCommit;
         setup.host->onChanged = [&] {
             if (atCommit.isNull()) {

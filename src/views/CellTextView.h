@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "kit/CellTextEditor.h"
+#include "views/TQLRCTextView.h"
+
+namespace views {
+
+/// The text view that edits the text of a table's cell: one line, without wrapping, scroll bars or
+/// frame, which moves sideways to the caret. A text begins at its own side, right to left too.
+class CellTextView final : public TQLRCTextView, public kit::CellTextEditor
+{
+    Q_OBJECT
+
+public:
+    explicit CellTextView(QWidget *parent = nullptr);
+
+    [[nodiscard]] QWidget *widget() override { return this; }
+    void setCellText(const QString &text) override;
+    [[nodiscard]] QString cellText() const override;
+    [[nodiscard]] QString textBeforeSelection() const override;
+    [[nodiscard]] QString textAfterSelection() const override;
+    void selectWholeText() override;
+    void selectNothing() override;
+    void setTextPlace(int left, int right, int rowHeight) override;
+    void setLinesHandler(LinesHandler handler) override { m_linesHandler = std::move(handler); }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    [[nodiscard]] bool canInsertFromMimeData(const QMimeData *source) const override;
+    void insertFromMimeData(const QMimeData *source) override;
+    [[nodiscard]] QMimeData *createMimeDataFromSelection() const override;
+
+private:
+    void configure();
+    void insertLines(const QString &pasted);
+    void placeText();
+    void fitWidth();
+
+    LinesHandler m_linesHandler;
+    // As it was given, and as it is shown: character by character the same, but for those that a
+    // document of one line cannot hold.
+    QString m_givenText;
+    QString m_shownText;
+    int m_left = 0;
+    int m_right = 0;
+    int m_rowHeight = 0;
+    bool m_isDropping = false;
+    bool m_isFitting = false;
+};
+
+} // namespace views
