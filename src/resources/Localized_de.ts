@@ -36,6 +36,302 @@
         <translation>Hilfeseite öffnen</translation>
     </message>
     <message>
+        <source>Stamp and stay</source>
+        <translation>Stempeln und bleiben</translation>
+    </message>
+    <message>
+        <source>Up one line and play from it</source>
+        <translation>Eine Zeile hinauf und von dort wiedergeben</translation>
+    </message>
+    <message>
+        <source>10 ms earlier</source>
+        <translation>10 ms früher</translation>
+    </message>
+    <message>
+        <source>10 ms later</source>
+        <translation>10 ms später</translation>
+    </message>
+    <message>
+        <source>100 ms earlier</source>
+        <translation>100 ms früher</translation>
+    </message>
+    <message>
+        <source>100 ms later</source>
+        <translation>100 ms später</translation>
+    </message>
+    <message>
+        <source>1 s earlier</source>
+        <translation>1 s früher</translation>
+    </message>
+    <message>
+        <source>1 s later</source>
+        <translation>1 s später</translation>
+    </message>
+    <message>
+        <source>Play from this line</source>
+        <translation>Ab dieser Zeile wiedergeben</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Wiedergeben oder anhalten</translation>
+    </message>
+    <message>
+        <source>Insert line before</source>
+        <translation>Zeile davor einfügen</translation>
+    </message>
+    <message>
+        <source>Insert line after</source>
+        <translation>Zeile danach einfügen</translation>
+    </message>
+    <message>
+        <source>Duplicate line</source>
+        <translation>Zeile duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete lines</source>
+        <translation>Zeilen löschen</translation>
+    </message>
+    <message>
+        <source>Delete all lines</source>
+        <translation>Alle Zeilen löschen</translation>
+    </message>
+    <message>
+        <source>Move lines up</source>
+        <translation>Zeilen nach oben schieben</translation>
+    </message>
+    <message>
+        <source>Move lines down</source>
+        <translation>Zeilen nach unten schieben</translation>
+    </message>
+    <message>
+        <source>Join with the next line</source>
+        <translation>Mit der nächsten Zeile verbinden</translation>
+    </message>
+    <message>
+        <source>Split at the text cursor</source>
+        <translation>An der Schreibmarke teilen</translation>
+    </message>
+    <message>
+        <source>Remove times and tags</source>
+        <translation>Zeiten und Angaben entfernen</translation>
+    </message>
+    <message>
+        <source>Remove all times and tags</source>
+        <translation>Alle Zeiten und Angaben entfernen</translation>
+    </message>
+    <message>
+        <source>Make this line the title</source>
+        <translation>Diese Zeile zum Titel machen</translation>
+    </message>
+    <message>
+        <source>Make this line the artist</source>
+        <translation>Diese Zeile zum Interpreten machen</translation>
+    </message>
+    <message>
+        <source>Make this line the album</source>
+        <translation>Diese Zeile zum Album machen</translation>
+    </message>
+    <message>
+        <source>Make this line the editor</source>
+        <translation>Diese Zeile zum Bearbeiter machen</translation>
+    </message>
+    <message>
+        <source>Shift all times…</source>
+        <translation>Alle Zeiten verschieben …</translation>
+    </message>
+    <message>
+        <source>Shift the selected times…</source>
+        <translation>Ausgewählte Zeiten verschieben …</translation>
+    </message>
+    <message>
+        <source>Copy lines</source>
+        <translation>Zeilen kopieren</translation>
+    </message>
+    <message>
+        <source>Paste lines</source>
+        <translation>Zeilen einfügen</translation>
+    </message>
+    <message>
+        <source>Paste text as lines</source>
+        <translation>Text als Zeilen einfügen</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Show the LRC text</source>
+        <translation>LRC-Text anzeigen</translation>
+    </message>
+    <message>
+        <source>Open lyric file…</source>
+        <translation>Liedtextdatei öffnen …</translation>
+    </message>
+    <message>
+        <source>Show all keys</source>
+        <translation>Alle Tasten anzeigen</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Zeiten</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>Angaben</translation>
+    </message>
+    <message>
+        <source>Editing</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Lyric</source>
+        <translation>Liedtext</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Num Enter</source>
+        <translation>Num-Eingabe</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Ins</source>
+        <translation>Einfg</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Pos1</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Page up</source>
+        <translation>Bild auf</translation>
+    </message>
+    <message>
+        <source>Page down</source>
+        <translation>Bild ab</translation>
+    </message>
+    <message>
+        <source>Meta</source>
+        <translation>Meta</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>%1 s earlier than the line above</source>
+        <translation>%1 s früher als die Zeile darüber</translation>
+    </message>
+    <message>
+        <source>%1 s later than the line below</source>
+        <translation>%1 s später als die Zeile darunter</translation>
+    </message>
+    <message>
+        <source>The same text at the same time as the line above</source>
+        <translation>Derselbe Text zur selben Zeit wie in der Zeile darüber</translation>
+    </message>
+    <message>
+        <source>This time stands on the line twice</source>
+        <translation>Diese Zeit steht zweimal in der Zeile</translation>
+    </message>
+    <message>
+        <source>More than three lines at the same time</source>
+        <translation>Mehr als drei Zeilen zur selben Zeit</translation>
+    </message>
+    <message>
+        <source>Nothing comes for %1 s after this line</source>
+        <translation>Nach dieser Zeile kommt %1 s lang nichts</translation>
+    </message>
+    <message>
+        <source>Past the end of the song (%1)</source>
+        <translation>Hinter dem Ende des Liedes (%1)</translation>
+    </message>
+    <message>
+        <source>Empty, like the line above</source>
+        <translation>Leer wie die Zeile darüber</translation>
+    </message>
+    <message>
+        <source>Empty %1 s after the line above</source>
+        <translation>Leer schon %1 s nach der Zeile darüber</translation>
+    </message>
+    <message>
+        <source>Empty only %1 s before the next line</source>
+        <translation>Leer erst %1 s vor der nächsten Zeile</translation>
+    </message>
+    <message>
+        <source>Keys of the editor</source>
+        <translation>Tasten des Editors</translation>
+    </message>
+    <message>
+        <source>Search for a command or a key</source>
+        <translation>Nach einem Befehl oder einer Taste suchen</translation>
+    </message>
+    <message>
+        <source>Search commands and keys</source>
+        <translation>Befehle und Tasten durchsuchen</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>no key</source>
+        <translation>keine Taste</translation>
+    </message>
+    <message>
+        <source>No command is called that.</source>
+        <translation>Kein Befehl heißt so.</translation>
+    </message>
+    <message>
+        <source>Commands and their keys</source>
+        <translation>Befehle und ihre Tasten</translation>
+    </message>
+    <message>
         <source>Please input the right time format[mm:ss.SS]!</source>
         <translation>Bitte geben Sie die Zeit im Format [mm:ss.SS] ein!</translation>
     </message>
