@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The table's side of the line editor: columns, cells, edited cells, selection, refresh.
+#include "editor/EditorStep.h"
 #include "editor/LineColumns.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "editor/TextSplice.h"
@@ -46,6 +47,7 @@ void TQLRCEditorViewCtl::reloadDataWithLrcChanged()
         updateTableColumns();
         m_tableView->reloadData();
     }
+    refreshActions();
     notifyChanged();
 }
 
@@ -93,35 +95,15 @@ kit::CellLook TQLRCEditorViewCtl::tableView_lookOfCell(
     return look;
 }
 
-bool TQLRCEditorViewCtl::tableView_didPasteText_inColumn_row(
-    MyTableView *tableView, const kit::CellCaret &caret, const QString &pasted)
-{
-    Q_UNUSED(tableView)
-    Q_UNUSED(caret)
-    Q_UNUSED(pasted)
-    return false;
-}
-
-void TQLRCEditorViewCtl::tableView_didDropFiles(MyTableView *tableView, const QStringList &paths)
-{
-    Q_UNUSED(tableView)
-    loadWithFileUrl(QUrl::fromLocalFile(paths.first()));
-}
-
-void TQLRCEditorViewCtl::tableView_didDropText_beforeRow(MyTableView *tableView, const QString &text, int row)
-{
-    Q_UNUSED(tableView)
-    Q_UNUSED(text)
-    Q_UNUSED(row)
-}
-
 void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(
     MyTableView *tableView, const QString &value, const QString &identifier, int row)
 {
     Q_UNUSED(tableView)
     // The edit belongs to the selected line; in a selection of one row that is the edited row.
     Q_UNUSED(row)
-    const auto alive = self();
+    const Step step(*this,
+        localized(
+            editor::isTimeColumn(identifier) ? QStringLiteral("edit time") : QStringLiteral("edit text")));
     if (editor::isTimeColumn(identifier)) {
         if (!value.isEmpty() && !RBUtils::isTimeString(value.toStdString())) {
             TQAlert::OK_info(
@@ -137,22 +119,21 @@ void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(
 
 void TQLRCEditorViewCtl::editTimeCell(const QString &value, std::size_t timeIndex)
 {
-    if (RBSongLine *line = getSelectedLine()) {
-        line->updateWithTimeStr_atIndex(value.toStdString(), static_cast<std::ptrdiff_t>(timeIndex));
-    }
+    changes().change(selection().selectedRow, [&value, timeIndex](RBSongLine &line) {
+        line.updateWithTimeStr_atIndex(value.toStdString(), static_cast<std::ptrdiff_t>(timeIndex));
+    });
 }
 
 void TQLRCEditorViewCtl::editTextCell(const QString &value)
 {
-    RBSongLine *line = getSelectedLine();
-    if (!line) {
-        return;
-    }
-    const std::string_view stored = editor::shownText(*line);
-    // A text that was shown and not touched is not replaced by what could be shown of it.
-    if (value != editor::shownForm(stored)) {
-        line->updateWithText(editor::splicedText(stored, value));
-    }
+    changes().change(selection().selectedRow, [&value](RBSongLine &line) {
+        // A copy: the line lets go of its own while it takes the new one.
+        const std::string stored(editor::shownText(line));
+        // A text that was shown and not touched is not replaced by what could be shown of it.
+        if (value != editor::shownForm(stored)) {
+            line.updateWithText(editor::splicedText(stored, value));
+        }
+    });
 }
 
 void TQLRCEditorViewCtl::tableViewSelectionDidChange(MyTableView *tableView)

@@ -515,5 +515,145 @@
         <source>The line that is heard now</source>
         <translation>Die Zeile, die gerade zu hören ist</translation>
     </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>%1 rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>%1 wiederholen</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Merkmal</translation>
+    </message>
+    <message>
+        <source>edit time</source>
+        <translation>Änderung der Zeit</translation>
+    </message>
+    <message>
+        <source>edit text</source>
+        <translation>Änderung des Textes</translation>
+    </message>
+    <message>
+        <source>Set offset of the time labels of the selected lines: (positive forward, negative backward)</source>
+        <translation>Zeiten der ausgewählten Zeilen verschieben (positiv: später, negativ: früher)</translation>
+    </message>
+    <message>
+        <source>offset</source>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>offset of selected lines</source>
+        <translation>Versatz der ausgewählten Zeilen</translation>
+    </message>
+    <message>
+        <source>1 time would have been before the start: it is 00:00.00 now.</source>
+        <translation>1 Zeit läge vor dem Anfang: sie ist jetzt 00:00.00.</translation>
+    </message>
+    <message>
+        <source>%1 times would have been before the start: they are 00:00.00 now.</source>
+        <translation>%1 Zeiten lägen vor dem Anfang: sie sind jetzt 00:00.00.</translation>
+    </message>
+    <message>
+        <source>stamp</source>
+        <translation>Zeitstempel</translation>
+    </message>
+    <message>
+        <source>new line</source>
+        <translation>neue Zeile</translation>
+    </message>
+    <message>
+        <source>nudge</source>
+        <translation>Verschieben der Zeit</translation>
+    </message>
+    <message>
+        <source>paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>paste text</source>
+        <translation>Einfügen von Text</translation>
+    </message>
+    <message>
+        <source>There is no text on the clipboard.</source>
+        <translation>In der Zwischenablage ist kein Text.</translation>
+    </message>
+    <message>
+        <source>drop text</source>
+        <translation>Ablegen von Text</translation>
+    </message>
+    <message>
+        <source>delete line</source>
+        <translation>Löschen der Zeile</translation>
+    </message>
+    <message>
+        <source>delete %1 lines</source>
+        <translation>Löschen von %1 Zeilen</translation>
+    </message>
+    <message>
+        <source>delete all lines</source>
+        <translation>Löschen aller Zeilen</translation>
+    </message>
+    <message>
+        <source>duplicate</source>
+        <translation>Verdoppeln</translation>
+    </message>
+    <message>
+        <source>move up</source>
+        <translation>Bewegen nach oben</translation>
+    </message>
+    <message>
+        <source>move down</source>
+        <translation>Bewegen nach unten</translation>
+    </message>
+    <message>
+        <source>merge</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>split</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>load lyric</source>
+        <translation>Laden des Liedtextes</translation>
+    </message>
+    <message>
+        <source>Open lyric file</source>
+        <translation>Liedtextdatei öffnen</translation>
+    </message>
+    <message>
+        <source>Lyrics (*.lrc *.txt);;All files (*)</source>
+        <translation>Liedtexte (*.lrc *.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>This file was not opened.</source>
+        <translation>Diese Datei wurde nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>It is empty, cannot be read, or is not in UTF-8. Save it as UTF-8 and open it again.</source>
+        <translation>Sie ist leer, nicht lesbar oder nicht in UTF-8. Speichern Sie sie als UTF-8 und öffnen Sie sie noch einmal.</translation>
+    </message>
+    <message>
+        <source>The dropped lyric is here. Undo brings back the one before it.</source>
+        <translation>Der abgelegte Liedtext ist da. Rückgängig bringt den vorigen zurück.</translation>
+    </message>
+    <message>
+        <source>tag</source>
+        <translation>Merkmal</translation>
+    </message>
+    <message>
+        <source>untag</source>
+        <translation>Entfernen der Zeiten</translation>
+    </message>
+    <message>
+        <source>untag all</source>
+        <translation>Entfernen aller Zeiten</translation>
+    </message>
+    <message>
+        <source>restore</source>
+        <translation>Zurücksetzen</translation>
+    </message>
 </context>
 </TS>

@@ -515,5 +515,145 @@
         <source>The line that is heard now</source>
         <translation>The line that is heard now</translation>
     </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>Undo %1</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>Redo %1</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>edit time</source>
+        <translation>edit time</translation>
+    </message>
+    <message>
+        <source>edit text</source>
+        <translation>edit text</translation>
+    </message>
+    <message>
+        <source>Set offset of the time labels of the selected lines: (positive forward, negative backward)</source>
+        <translation>Set offset of the time labels of the selected lines: (positive forward, negative backward)</translation>
+    </message>
+    <message>
+        <source>offset</source>
+        <translation>offset</translation>
+    </message>
+    <message>
+        <source>offset of selected lines</source>
+        <translation>offset of selected lines</translation>
+    </message>
+    <message>
+        <source>1 time would have been before the start: it is 00:00.00 now.</source>
+        <translation>1 time would have been before the start: it is 00:00.00 now.</translation>
+    </message>
+    <message>
+        <source>%1 times would have been before the start: they are 00:00.00 now.</source>
+        <translation>%1 times would have been before the start: they are 00:00.00 now.</translation>
+    </message>
+    <message>
+        <source>stamp</source>
+        <translation>stamp</translation>
+    </message>
+    <message>
+        <source>new line</source>
+        <translation>new line</translation>
+    </message>
+    <message>
+        <source>nudge</source>
+        <translation>nudge</translation>
+    </message>
+    <message>
+        <source>paste</source>
+        <translation>paste</translation>
+    </message>
+    <message>
+        <source>paste text</source>
+        <translation>paste text</translation>
+    </message>
+    <message>
+        <source>There is no text on the clipboard.</source>
+        <translation>There is no text on the clipboard.</translation>
+    </message>
+    <message>
+        <source>drop text</source>
+        <translation>drop text</translation>
+    </message>
+    <message>
+        <source>delete line</source>
+        <translation>delete line</translation>
+    </message>
+    <message>
+        <source>delete %1 lines</source>
+        <translation>delete %1 lines</translation>
+    </message>
+    <message>
+        <source>delete all lines</source>
+        <translation>delete all lines</translation>
+    </message>
+    <message>
+        <source>duplicate</source>
+        <translation>duplicate</translation>
+    </message>
+    <message>
+        <source>move up</source>
+        <translation>move up</translation>
+    </message>
+    <message>
+        <source>move down</source>
+        <translation>move down</translation>
+    </message>
+    <message>
+        <source>merge</source>
+        <translation>merge</translation>
+    </message>
+    <message>
+        <source>split</source>
+        <translation>split</translation>
+    </message>
+    <message>
+        <source>load lyric</source>
+        <translation>load lyric</translation>
+    </message>
+    <message>
+        <source>Open lyric file</source>
+        <translation>Open lyric file</translation>
+    </message>
+    <message>
+        <source>Lyrics (*.lrc *.txt);;All files (*)</source>
+        <translation>Lyrics (*.lrc *.txt);;All files (*)</translation>
+    </message>
+    <message>
+        <source>This file was not opened.</source>
+        <translation>This file was not opened.</translation>
+    </message>
+    <message>
+        <source>It is empty, cannot be read, or is not in UTF-8. Save it as UTF-8 and open it again.</source>
+        <translation>It is empty, cannot be read, or is not in UTF-8. Save it as UTF-8 and open it again.</translation>
+    </message>
+    <message>
+        <source>The dropped lyric is here. Undo brings back the one before it.</source>
+        <translation>The dropped lyric is here. Undo brings back the one before it.</translation>
+    </message>
+    <message>
+        <source>tag</source>
+        <translation>tag</translation>
+    </message>
+    <message>
+        <source>untag</source>
+        <translation>untag</translation>
+    </message>
+    <message>
+        <source>untag all</source>
+        <translation>untag all</translation>
+    </message>
+    <message>
+        <source>restore</source>
+        <translation>restore</translation>
+    </message>
 </context>
 </TS>

@@ -279,6 +279,25 @@ void TQWLRCEditorViewCtl::pressPlayPause(QObject *sender)
     }
 }
 
+void TQWLRCEditorViewCtl::seekTo(double seconds)
+{
+    if (isPlayingCurrent()) {
+        m_mcPlayer->seek(seconds);
+    }
+}
+
+void TQWLRCEditorViewCtl::playFrom(double seconds)
+{
+    const auto alive = self();
+    if (!isPlayingCurrent()) {
+        tryToPlay();
+    }
+    if (isPlayingCurrent()) {
+        m_mcPlayer->seek(seconds);
+        m_mcPlayer->lightPlay();
+    }
+}
+
 void TQWLRCEditorViewCtl::prPreviewClicked(QObject *sender)
 {
     Q_UNUSED(sender)

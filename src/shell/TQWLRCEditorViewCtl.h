@@ -91,6 +91,8 @@ public:
 
     // Called by the children
     void pressPlayPause(QObject *sender) override;
+    void seekTo(double seconds) override;
+    void playFrom(double seconds) override;
     void prPreviewClicked(QObject *sender) override;
     void backFromPreview(QObject *sender) override;
     void previewOffsetClicked(QObject *sender) override;
