@@ -47,7 +47,7 @@ void TQLRCEditorViewCtl::reloadDataWithLrcChanged()
         updateTableColumns();
         m_tableView->reloadData();
     }
-    refreshActions();
+    documentChanged();
     notifyChanged();
 }
 
@@ -80,52 +80,40 @@ QString TQLRCEditorViewCtl::tableView_objectValueForTableColumn_row(
     return line ? editor::cellText(*line, row, identifier) : QString();
 }
 
-kit::CellLook TQLRCEditorViewCtl::tableView_lookOfCell(
-    MyTableView *tableView, const QString &identifier, int row)
-{
-    Q_UNUSED(tableView)
-    const RBSongLine *line = getSongLineAtIndex(row);
-    if (!line) {
-        return {};
-    }
-    const bool isText = identifier == editor::textColumnIdentifier();
-    kit::CellLook look;
-    look.quiet = !isText || line->isOtherTag();
-    look.chip = isText ? editor::chipText(*line) : QString();
-    return look;
-}
-
 void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(
     MyTableView *tableView, const QString &value, const QString &identifier, int row)
 {
     Q_UNUSED(tableView)
     // The edit belongs to the selected line; in a selection of one row that is the edited row.
     Q_UNUSED(row)
-    const Step step(*this,
-        localized(
-            editor::isTimeColumn(identifier) ? QStringLiteral("edit time") : QStringLiteral("edit text")));
-    if (editor::isTimeColumn(identifier)) {
-        if (!value.isEmpty() && !RBUtils::isTimeString(value.toStdString())) {
+    const auto alive = self();
+    if (identifier == editor::textColumnIdentifier()) {
+        editTextCell(value);
+    } else if (editor::isTimeColumn(identifier)) {
+        if (value.isEmpty() || RBUtils::isTimeString(value.toStdString())) {
+            editTimeCell(value, editor::timeIndex(identifier));
+        } else {
             TQAlert::OK_info(
                 localized(QStringLiteral("Please input the right time format[mm:ss.SS]!")), QString());
-        } else if (const auto index = editor::timeIndex(identifier)) {
-            editTimeCell(value, *index);
         }
-    } else if (identifier == editor::textColumnIdentifier()) {
-        editTextCell(value);
     }
+    documentChanged();
     notifyChanged();
 }
 
-void TQLRCEditorViewCtl::editTimeCell(const QString &value, std::size_t timeIndex)
+void TQLRCEditorViewCtl::editTimeCell(const QString &value, std::optional<std::size_t> timeIndex)
 {
-    changes().change(selection().selectedRow, [&value, timeIndex](RBSongLine &line) {
-        line.updateWithTimeStr_atIndex(value.toStdString(), static_cast<std::ptrdiff_t>(timeIndex));
-    });
+    if (timeIndex) {
+        const Step step(*this, localized(QStringLiteral("edit time")));
+        changes().change(selection().selectedRow, [&value, timeIndex](RBSongLine &line) {
+            line.updateWithTimeStr_atIndex(value.toStdString(), static_cast<std::ptrdiff_t>(*timeIndex));
+        });
+    }
 }
 
 void TQLRCEditorViewCtl::editTextCell(const QString &value)
 {
+    const Step step(*this, localized(QStringLiteral("edit text")));
     changes().change(selection().selectedRow, [&value](RBSongLine &line) {
         // A copy: the line lets go of its own while it takes the new one.
         const std::string stored(editor::shownText(line));

@@ -143,6 +143,8 @@ void TQLRCEditorViewCtl::nudge(std::int64_t millis)
 
 void TQLRCEditorViewCtl::updatePlayerProgress(double seconds)
 {
+    m_positionMillis = lyrics::millisFromSeconds(seconds);
+    updateSungRow();
     if (!m_lblTabTime) {
         return;
     }

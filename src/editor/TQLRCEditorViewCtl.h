@@ -3,6 +3,8 @@
 
 #include "editor/EditHistory.h"
 #include "editor/LineCommands.h"
+#include "editor/LineProblems.h"
+#include "editor/SungLine.h"
 #include "kit/DropTipView.h"
 #include "kit/MyTableView.h"
 #include "kit/TableDataSource.h"
@@ -251,7 +253,7 @@ private:
     void wireDropTipView();
     void wireButtons();
     void wireButton(QAbstractButton *button, Action operation);
-    void editTimeCell(const QString &value, std::size_t timeIndex);
+    void editTimeCell(const QString &value, std::optional<std::size_t> timeIndex);
     void editTextCell(const QString &value);
     void editSoon(int column, int row);
     void showFirstLine();
@@ -269,10 +271,23 @@ private:
     [[nodiscard]] double offsetFromDialog(const QString &message);
     void shiftTimes(const kit::RowRanges &rows, std::int64_t millis);
     void tell(const QString &notice);
+    void documentChanged();
+    void showSungRowSoon();
+    void updateSungRow();
+    [[nodiscard]] const std::vector<editor::LineProblem> &problemsOfRow(int row);
+    [[nodiscard]] std::int64_t audioMillis() const;
 
     RBEditSong m_song;
     RBEditSong m_originSong;
     editor::EditHistory m_history{m_song};
+    editor::SungLine m_sungLine{m_song};
+    // As it is shown; −1 for none.
+    int m_sungRow = -1;
+    bool m_sungRowIsDue = false;
+    std::int64_t m_positionMillis = 0;
+    // Of the row that was asked for last: a row is painted cell by cell.
+    int m_problemRow = -1;
+    std::vector<editor::LineProblem> m_problems;
     EditorKeys m_keys;
     std::vector<RBSongLine> m_copiedLines;
     std::shared_ptr<WXEAudioFile> m_audioFile;

@@ -204,6 +204,21 @@ QByteArray TQWLRCEditorViewCtl::songText()
     return editorViewCtl()->songText();
 }
 
+QAction *TQWLRCEditorViewCtl::action(EditorCommand command)
+{
+    return editorViewCtl()->action(command);
+}
+
+EditorKeys TQWLRCEditorViewCtl::keys()
+{
+    return editorViewCtl()->keys();
+}
+
+void TQWLRCEditorViewCtl::setKeys(const EditorKeys &keys)
+{
+    editorViewCtl()->setKeys(keys);
+}
+
 void TQWLRCEditorViewCtl::refreshItemProperties()
 {
     if (m_playerViewCtl) {

@@ -3,6 +3,7 @@
 
 #include "kit/ViewController.h"
 #include "shell/contracts/EditorContainer.h"
+#include "shell/contracts/EditorKeys.h"
 #include "shell/contracts/TQAudioPlayerObserver.h"
 #include "shell/contracts/TQAudioPlayerProtocol.h"
 #include "shell/contracts/TQLRCEditorConfig.h"
@@ -11,6 +12,7 @@
 
 #include <memory>
 
+class QAction;
 class RBPreviewViewController;
 class TQLRCEditorMiniPlayerViewCtl;
 class TQLRCEditorViewCtl;
@@ -82,6 +84,13 @@ public:
     void setAudioFile(std::shared_ptr<WXEAudioFile> item) { m_audioFile = std::move(item); }
     [[nodiscard]] std::shared_ptr<TQAudioPlayerProtocol> mcPlayer() const { return m_mcPlayer; }
     void setMcPlayer(std::shared_ptr<TQAudioPlayerProtocol> player) { m_mcPlayer = std::move(player); }
+
+    /// A command of the line editor for the host's menus: with its keys, its text ("Undo stamp") and
+    /// whether it can act now. After the delegate is set; lives as long as the component.
+    [[nodiscard]] QAction *action(EditorCommand command);
+    /// The keys that run the commands; what is set holds from then on.
+    [[nodiscard]] EditorKeys keys();
+    void setKeys(const EditorKeys &keys);
 
     /// Registers with the player exactly when the player holds this item.
     void trytoUpdatePlayerStatus();
