@@ -169,16 +169,16 @@ QString keyText(const QKeySequence &key)
     }
     QStringList parts;
     const Qt::KeyboardModifiers modifiers = key[0].keyboardModifiers();
-    if (modifiers & Qt::MetaModifier) {
+    if (modifiers.testFlag(Qt::MetaModifier)) {
         parts.append(localized(QStringLiteral("Meta")));
     }
-    if (modifiers & Qt::ControlModifier) {
+    if (modifiers.testFlag(Qt::ControlModifier)) {
         parts.append(localized(QStringLiteral("Ctrl")));
     }
-    if (modifiers & Qt::AltModifier) {
+    if (modifiers.testFlag(Qt::AltModifier)) {
         parts.append(localized(QStringLiteral("Alt")));
     }
-    if (modifiers & Qt::ShiftModifier) {
+    if (modifiers.testFlag(Qt::ShiftModifier)) {
         parts.append(localized(QStringLiteral("Shift")));
     }
     parts.append(nameOfKey(key[0].key()));

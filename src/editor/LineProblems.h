@@ -56,7 +56,7 @@ struct LineProblem
 /// \param row  from 0; past the end answers nothing.
 /// \param audioMillis  the length of the audio; 0 when it is not known.
 /// Cost: bounded, whatever the length of the lyric: at most a hundred rows up, down and from the top
-/// are looked at, and 64 times of each; mostly it is the next few rows.
+/// are looked at, and 16 times of each; mostly it is the next few rows.
 [[nodiscard]] std::vector<LineProblem> problemsOf(
     const RBEditSong &song, std::size_t row, std::int64_t audioMillis);
 

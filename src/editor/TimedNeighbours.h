@@ -16,7 +16,7 @@ namespace editor {
 /// So far is looked, in rows.
 inline constexpr std::size_t kNearRows = 100;
 /// So many times of a line are looked at.
-inline constexpr std::size_t kMostTimes = 64;
+inline constexpr std::size_t kMostTimes = 16;
 
 /// A line that is sung: it has times and is no tag. Valid until the lines change.
 struct TimedLine

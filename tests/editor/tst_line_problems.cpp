@@ -205,13 +205,13 @@ TEST(Asking, TimesAtTheEndsOfTheRange)
                 std::numeric_limits<std::int64_t>::max()}));
 }
 
-TEST(Asking, SixtyFourTimesOfALineAreLookedAt)
+TEST(Asking, SixteenTimesOfALineAreLookedAt)
 {
     std::string times;
-    for (int count = 0; count < 70; ++count) {
+    for (int count = 0; count < 40; ++count) {
         times += "[00:05]";
     }
-    EXPECT_EQ(marks::of(times + "a\n").size(), 63U);
+    EXPECT_EQ(marks::of(times + "a\n").size(), 15U);
 }
 
 } // namespace
