@@ -215,5 +215,25 @@
         <source>Lyric lines</source>
         <translation>Liedzeilen</translation>
     </message>
+    <message>
+        <source>LRC source</source>
+        <translation>LRC-Quelltext</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Alles auswählen</translation>
+    </message>
 </context>
 </TS>

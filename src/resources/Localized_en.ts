@@ -215,5 +215,25 @@
         <source>Lyric lines</source>
         <translation>Lyric lines</translation>
     </message>
+    <message>
+        <source>LRC source</source>
+        <translation>LRC source</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Cut</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Paste</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Select all</translation>
+    </message>
 </context>
 </TS>
