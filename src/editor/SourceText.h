@@ -12,6 +12,10 @@
 
 namespace editor {
 
+/// `text` from elsewhere in the form in which it is shown once it was pasted: its line breaks (LF, CRLF, CR,
+/// U+2028, U+2029) are LF, and what cannot be shown is a replacement mark.
+[[nodiscard]] QString pasteForm(QStringView text);
+
 /// Lines that took the place of others.
 struct LineChange
 {

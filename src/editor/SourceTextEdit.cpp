@@ -55,6 +55,15 @@ TextChange changedLines(const QString &before, const QString &after)
 
 } // namespace
 
+QString pasteForm(QStringView text)
+{
+    QStringList lines = withPlainBreaks(text).split(kBreak);
+    for (QString &line : lines) {
+        line = shownForm(line.toStdString());
+    }
+    return lines.join(kBreak);
+}
+
 /// UTF-16 units of the shown text that give way to others.
 struct SourceText::Piece
 {

@@ -655,5 +655,21 @@
         <source>restore</source>
         <translation>Zurücksetzen</translation>
     </message>
+    <message>
+        <source>LRC source</source>
+        <translation>LRC-Quelltext</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
 </context>
 </TS>

@@ -655,5 +655,21 @@
         <source>restore</source>
         <translation>restore</translation>
     </message>
+    <message>
+        <source>LRC source</source>
+        <translation>LRC source</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Cut</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Paste</translation>
+    </message>
 </context>
 </TS>

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "editor/LineDiff.h"
+#include "editor/SourceMerge.h"
 #include "editor/SourceText.h"
 #include "lyrics/Generator.h"
 #include "lyrics/RBEditSong.h"
@@ -112,6 +114,9 @@ private Q_SLOTS:
     void lineEndOutlivesTheLinesThatHadIt();
     void saysWhenItShowsSomethingElse();
     void longLinesAndManyLines();
+    void hunksMakeOneListOfTheOther();
+    void hunksAreFew();
+    void editsAreMergedWhereTheLinesAreTheSame();
 };
 
 void TestSourceText::isShownLineByLine_data()
@@ -399,6 +404,67 @@ void TestSourceText::longLinesAndManyLines()
     QCOMPARE(many.stored().size(), lines.size() + 4);
     many.setStored(lines);
     QCOMPARE(many.shown(), SourceText(lines).shown());
+}
+
+void TestSourceText::hunksMakeOneListOfTheOther()
+{
+    Random random(87);
+    const auto anyLines = [&random] {
+        QStringList lines;
+        for (std::size_t line = random.below(9); line > 0; --line) {
+            lines.append(QString(QLatin1Char("abc"[random.below(3)])));
+        }
+        return lines;
+    };
+    for (int round = 0; round < kRounds; ++round) {
+        const QStringList before = anyLines();
+        const QStringList after = anyLines();
+        const auto hunks = editor::lineHunks(before, after);
+        QStringList made;
+        qsizetype at = 0;
+        for (const editor::LineHunk &hunk : hunks) {
+            QVERIFY(hunk.before >= at && hunk.removed + hunk.added > 0);
+            made += before.sliced(at, hunk.before - at);
+            QCOMPARE(made.size(), hunk.after);
+            made += after.sliced(hunk.after, hunk.added);
+            at = hunk.before + hunk.removed;
+        }
+        made += before.sliced(at);
+        QCOMPARE(made, after);
+        QCOMPARE(hunks.empty(), before == after);
+    }
+}
+
+void TestSourceText::hunksAreFew()
+{
+    QStringList before;
+    for (int line = 0; line < 2000; ++line) {
+        before.append(QString::number(line));
+    }
+    QStringList after = before;
+    after.removeAt(1500);
+    after[700] += QLatin1Char('x');
+    after.insert(3, QStringLiteral("new"));
+    const std::vector<editor::LineHunk> few = {{3, 0, 3, 1}, {700, 1, 701, 1}, {1500, 1, 1501, 0}};
+    QVERIFY(editor::lineHunks(before, after) == few);
+    QStringList others = before;
+    std::for_each(others.begin() + 1, others.end() - 1, [](QString &line) { line += QLatin1Char('x'); });
+    const std::vector<editor::LineHunk> one = {{1, 1998, 1, 1998}};
+    QVERIFY(editor::lineHunks(before, others) == one);
+}
+
+void TestSourceText::editsAreMergedWhereTheLinesAreTheSame()
+{
+    const SourceText base("a\r\nb\r\nc\r\n");
+    const auto merged = [&base](const QByteArray &now, qsizetype position, const QString &added) {
+        return editor::withEdit(base, now, {position, 0, added}).value_or("displaced");
+    };
+    QCOMPARE(merged("new\r\na\r\nb\r\nc\r\n", 3, QStringLiteral("x")), QByteArray("new\r\na\r\nbx\r\nc\r\n"));
+    QCOMPARE(merged("a\r\nb\r\nC\r\n", 3, QStringLiteral("\n")), QByteArray("a\r\nb\r\n\r\nC\r\n"));
+    QCOMPARE(merged("A\r\nb\r\nC\r\n", 3, QStringLiteral("x")), QByteArray("displaced"));
+    QCOMPARE(merged("a\r\nB\r\nc\r\n", 3, QStringLiteral("x")), QByteArray("displaced"));
+    // Every text that ends in a line end has an empty line behind it.
+    QCOMPARE(merged("other\nsong\n", 6, QStringLiteral("x")), QByteArray("displaced"));
 }
 
 } // namespace
