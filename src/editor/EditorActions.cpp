@@ -101,6 +101,7 @@ void EditorActions::add(EditorCommand command)
     action->setShortcutContext(Qt::WindowShortcut);
     action->setShortcutVisibleInContextMenu(true);
     action->setAutoRepeat(repeats(command));
+    action->setCheckable(command == EditorCommand::ShowSource);
     connect(action, &QAction::triggered, this, [this, command] { m_perform(command); });
     m_actions.emplace(command, action);
 }

@@ -3,8 +3,10 @@
 // How the line editor comes into being: form, outlets, table, buttons.
 #include "editor/EditorActions.h"
 #include "editor/LineColumns.h"
+#include "editor/SourceView.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "kit/AccentButton.h"
+#include "kit/NoticeView.h"
 #include "kit/Separator.h"
 #include "kit/Theme.h"
 #include "resources/Localized.h"
@@ -207,14 +209,9 @@ void TQLRCEditorViewCtl::refreshBtnsImages()
 void TQLRCEditorViewCtl::refreshToolTips()
 { }
 
-void TQLRCEditorViewCtl::showSource(QObject *sender)
-{
-    Q_UNUSED(sender)
-}
-
 void TQLRCEditorViewCtl::tell(const QString &notice)
 {
-    Q_UNUSED(notice)
+    NoticeView::show(viewIfLoaded(), notice);
 }
 
 QMenu *TQLRCEditorViewCtl::tableRightMenu() const

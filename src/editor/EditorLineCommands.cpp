@@ -111,5 +111,6 @@ void TQLRCEditorViewCtl::splitLine(QObject *sender)
     }
     if (m_tableView) {
         m_tableView->editColumn_row_select(m_tableView->numberOfColumns() - 1, caret->row + 1, false);
+        m_tableView->moveCaretInCellToStart();
     }
 }

@@ -54,6 +54,7 @@ void TQLRCEditorViewCtl::flushWithOriginalSongText(const QByteArray &text)
 
 void TQLRCEditorViewCtl::flushWithSongText(const QByteArray &text)
 {
+    commitEditing();
     const Step step(*this, localized(QStringLiteral("load lyric")));
     RBEditSong song;
     song.buildWithLrcText(bytes(text));

@@ -6,6 +6,9 @@
 #include "editor/TQLRCEditorViewCtl.h"
 
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QTextEdit>
 
 #include <map>
 
@@ -114,6 +117,9 @@ void TQLRCEditorViewCtl::perform(EditorCommand command)
         {NudgeForward1000, 1000},
     };
     const auto alive = self();
+    if (passToText(command)) {
+        return;
+    }
     if (command != SplitAtCaret) {
         // The command reloads the table; what is being typed in a cell must not be lost by that.
         commitEditing();
@@ -133,4 +139,16 @@ void TQLRCEditorViewCtl::pressStamp(QObject *sender)
     } else {
         insertTimeTag(sender);
     }
+}
+
+bool TQLRCEditorViewCtl::passToText(EditorCommand command)
+{
+    // The menu's copy and paste, too, are those of the text in which the caret stands.
+    static const std::map<EditorCommand, const char *> textOperations = {{EditorCommand::Copy, "copy"},
+        {EditorCommand::Paste, "paste"}, {EditorCommand::SelectAll, "selectAll"}};
+    const auto slot = textOperations.find(command);
+    QWidget *focus = QApplication::focusWidget();
+    return slot != textOperations.end() && focus && viewIfLoaded() && viewIfLoaded()->isAncestorOf(focus)
+        && (qobject_cast<QLineEdit *>(focus) || qobject_cast<QTextEdit *>(focus))
+        && QMetaObject::invokeMethod(focus, slot->second);
 }

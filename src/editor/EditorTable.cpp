@@ -3,6 +3,7 @@
 // The table's side of the line editor: columns, cells, edited cells, selection, refresh.
 #include "editor/EditorStep.h"
 #include "editor/LineColumns.h"
+#include "editor/SourceView.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "editor/TextSplice.h"
 #include "kit/TQAlert.h"
@@ -45,6 +46,8 @@ void TQLRCEditorViewCtl::reloadDataWithLrcChanged()
     if (m_tableView) {
         m_tableView->abortEditing();
         updateTableColumns();
+        m_problemRow = -1;
+        updateSource();
         m_tableView->reloadData();
     }
     documentChanged();
@@ -63,6 +66,9 @@ void TQLRCEditorViewCtl::commitEditing()
     const auto alive = self();
     if (m_tableView) {
         m_tableView->commitEditing();
+    }
+    if (isSourceShown()) {
+        m_sourceView->flushEdits();
     }
 }
 
@@ -130,6 +136,7 @@ void TQLRCEditorViewCtl::tableViewSelectionDidChange(MyTableView *tableView)
     if (const auto host = delegate()) {
         host->lrcEditorSelctionChanged_column(static_cast<std::int32_t>(tableView->selectedRow()), 0);
     }
+    moveCaretToSelectedRow();
 }
 
 void TQLRCEditorViewCtl::tableViewReloaded(QObject *sender)

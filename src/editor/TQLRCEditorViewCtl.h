@@ -27,6 +27,7 @@
 #include <vector>
 
 class QAction;
+class SourceView;
 class WXEAudioFile;
 
 namespace editor {
@@ -276,6 +277,17 @@ private:
     void updateSungRow();
     [[nodiscard]] const std::vector<editor::LineProblem> &problemsOfRow(int row);
     [[nodiscard]] std::int64_t audioMillis() const;
+    [[nodiscard]] bool isSourceShown() const;
+    void buildSourceView();
+    void updateSource();
+    void takeSource();
+    [[nodiscard]] const std::vector<std::size_t> &lineStarts();
+    [[nodiscard]] int rowOfLine(int line);
+    [[nodiscard]] int lineOfRow(int row);
+    void selectRowOfCaret();
+    void moveCaretToSelectedRow();
+    [[nodiscard]] QString problemsOfLine(int line);
+    [[nodiscard]] bool passToText(EditorCommand command);
 
     RBEditSong m_song;
     RBEditSong m_originSong;
@@ -297,6 +309,13 @@ private:
     bool m_awaked = false;
     // A text came since the last item: the table shows another item's text once that item comes.
     bool m_textIsNewSinceItem = false;
+
+    // Null until it is shown for the first time.
+    QPointer<SourceView> m_sourceView;
+    // The first row of each line of the source; made anew when it is asked for.
+    std::vector<std::size_t> m_lineStarts;
+    // Caret and selection follow each other, one at a time.
+    bool m_isShowingSource = false;
 
     QPointer<MyTableView> m_tableView;
     QPointer<RBNoResponseTextFiled> m_lblTabTime;

@@ -132,6 +132,8 @@ public:
     [[nodiscard]] bool isEditingCell() const;
     /// Where the caret stands; nothing unless a text editor is open.
     [[nodiscard]] std::optional<kit::CellCaret> caretInCell() const;
+    /// Nothing unless a text editor is open.
+    void moveCaretInCellToStart();
     /// Closes an open cell editor and discards what was typed.
     void abortEditing();
     /// Closes an open cell editor and commits what was typed.

@@ -95,6 +95,13 @@ std::optional<kit::CellCaret> MyTableView::caretInCell() const
         editor->textBeforeSelection(), editor->textAfterSelection()};
 }
 
+void MyTableView::moveCaretInCellToStart()
+{
+    if (kit::CellTextEditor *editor = m_cellDelegate->textEditor()) {
+        editor->moveCaretToStart();
+    }
+}
+
 bool MyTableView::isEditingCell() const
 {
     return m_cellDelegate->editor() != nullptr;

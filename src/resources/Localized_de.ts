@@ -671,5 +671,9 @@
         <source>Paste</source>
         <translation>Einfügen</translation>
     </message>
+    <message>
+        <source>typing</source>
+        <translation>Tippen</translation>
+    </message>
 </context>
 </TS>

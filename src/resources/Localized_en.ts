@@ -671,5 +671,9 @@
         <source>Paste</source>
         <translation>Paste</translation>
     </message>
+    <message>
+        <source>typing</source>
+        <translation>typing</translation>
+    </message>
 </context>
 </TS>

@@ -22,6 +22,7 @@ public:
     [[nodiscard]] QString textAfterSelection() const override;
     void selectWholeText() override;
     void selectNothing() override;
+    void moveCaretToStart() override { moveCursor(QTextCursor::Start); }
     void setTextPlace(int left, int right, int rowHeight) override;
     void setLinesHandler(LinesHandler handler) override { m_linesHandler = std::move(handler); }
 

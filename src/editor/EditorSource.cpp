@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+//
+// The LRC text in the table's place: the same document, the same history, the same selected line.
+#include "editor/EditorActions.h"
+#include "editor/EditorStep.h"
+#include "editor/ProblemTexts.h"
+#include "editor/SourceView.h"
+#include "editor/TQLRCEditorViewCtl.h"
+#include "resources/Localized.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <QtCore/QStringList>
+#include <QtWidgets/QLayout>
+
+#include <algorithm>
+#include <iterator>
+
+bool TQLRCEditorViewCtl::isSourceShown() const
+{
+    return m_sourceView && !m_sourceView->isHidden();
+}
+
+void TQLRCEditorViewCtl::showSource(QObject *sender)
+{
+    Q_UNUSED(sender)
+    const auto alive = self();
+    if (!viewIfLoaded()) {
+        return;
+    }
+    commitEditing();
+    const bool show = !isSourceShown();
+    if (show && !m_sourceView) {
+        buildSourceView();
+    }
+    m_sourceView->setVisible(show);
+    m_tableView->setVisible(!show);
+    if (show) {
+        updateSource();
+        moveCaretToSelectedRow();
+    } else {
+        m_tableView->scrollRowToVisible(m_tableView->selectedRow());
+    }
+    QWidget *shown = show ? static_cast<QWidget *>(m_sourceView) : m_tableView;
+    shown->setFocus();
+    action(EditorCommand::ShowSource)->setChecked(show);
+}
+
+void TQLRCEditorViewCtl::buildSourceView()
+{
+    m_sourceView = new SourceView(view());
+    m_sourceView->hide();
+    view()->findChild<QLayout *>(QStringLiteral("layoutEditor"))->addWidget(m_sourceView);
+    QWidget::setTabOrder(m_tableView, m_sourceView);
+    m_sourceView->setProblemFinder([this](int line) { return problemsOfLine(line); });
+    connect(m_sourceView, &SourceView::sourceEdited, this, &TQLRCEditorViewCtl::takeSource);
+    connect(m_sourceView, &SourceView::caretLineChanged, this, [this] {
+        m_history.closeTyping();
+        selectRowOfCaret();
+    });
+}
+
+void TQLRCEditorViewCtl::updateSource()
+{
+    m_lineStarts.clear();
+    if (isSourceShown()) {
+        const QScopedValueRollback showing(m_isShowingSource, true);
+        m_sourceView->setSourceText(songText());
+        m_sourceView->refreshProblems();
+    }
+}
+
+void TQLRCEditorViewCtl::takeSource()
+{
+    const QByteArray text = m_sourceView->sourceText();
+    if (text == songText()) {
+        return;
+    }
+    const Step step(*this, localized(QStringLiteral("typing")), Step::Kind::Typing);
+    RBEditSong song;
+    song.buildWithLrcText({text.constData(), static_cast<std::size_t>(text.size())});
+    changes().replace(std::move(song));
+    reloadDataWithLrcChanged();
+    selectRowOfCaret();
+}
+
+const std::vector<std::size_t> &TQLRCEditorViewCtl::lineStarts()
+{
+    if (m_lineStarts.empty()) {
+        m_lineStarts = m_song.physicalLineStarts();
+    }
+    return m_lineStarts;
+}
+
+int TQLRCEditorViewCtl::rowOfLine(int line)
+{
+    const auto &starts = lineStarts();
+    if (starts.empty()) {
+        return -1;
+    }
+    const std::size_t known = std::min(static_cast<std::size_t>(std::max(line, 0)), starts.size() - 1);
+    return static_cast<int>(starts[known]);
+}
+
+int TQLRCEditorViewCtl::lineOfRow(int row)
+{
+    const auto &starts = lineStarts();
+    const auto after
+        = std::upper_bound(starts.begin(), starts.end(), static_cast<std::size_t>(std::max(row, 0)));
+    return static_cast<int>(std::distance(starts.begin(), after)) - 1;
+}
+
+void TQLRCEditorViewCtl::selectRowOfCaret()
+{
+    if (m_isShowingSource || !isSourceShown()) {
+        return;
+    }
+    const QScopedValueRollback showing(m_isShowingSource, true);
+    const int line = m_sourceView->caretLine();
+    // A row of the line that is selected already stays: several tags may stand on one line.
+    if (line != lineOfRow(m_tableView->selectedRow())) {
+        m_tableView->selectSingleRow(rowOfLine(line));
+    }
+}
+
+void TQLRCEditorViewCtl::moveCaretToSelectedRow()
+{
+    if (m_isShowingSource || !isSourceShown()) {
+        return;
+    }
+    const QScopedValueRollback showing(m_isShowingSource, true);
+    if (const int row = m_tableView->selectedRow(); row >= 0) {
+        m_sourceView->moveCaretToLine(lineOfRow(row));
+    }
+}
+
+QString TQLRCEditorViewCtl::problemsOfLine(int line)
+{
+    const auto &starts = lineStarts();
+    const auto index = static_cast<std::size_t>(line);
+    if (line < 0 || index >= starts.size()) {
+        return {};
+    }
+    const std::size_t end = index + 1 < starts.size() ? starts[index + 1] : m_song.aryLines().size();
+    QStringList texts;
+    for (std::size_t row = starts[index]; row < end; ++row) {
+        for (const editor::LineProblem &problem : problemsOfRow(static_cast<int>(row))) {
+            texts.append(editor::problemText(problem));
+        }
+    }
+    return texts.join(QLatin1Char('\n'));
+}
