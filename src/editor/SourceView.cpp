@@ -163,6 +163,7 @@ void SourceView::takeTyped()
     if (!outcome.isShownAsTyped) {
         showLines({0, document()->blockCount(), m_source.lineCount()});
     }
+    Q_ASSERT(m_source.shownSize() == document()->characterCount() - 1);
 }
 
 int SourceView::caretLine() const
@@ -182,7 +183,8 @@ void SourceView::moveCaretToLine(int line)
 void SourceView::noteCaretLine()
 {
     const int line = caretLine();
-    if (line == m_caretLine) {
+    // While lines change the toolkit may move it before it is brought back to its place.
+    if (line == m_caretLine || m_isShowing) {
         return;
     }
     m_caretLine = line;

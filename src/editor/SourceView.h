@@ -13,6 +13,7 @@
 namespace editor {
 class AccentCaret;
 class KeptCaret;
+struct LineHunk;
 class SourceHighlighter;
 class SourceMargin;
 } // namespace editor
@@ -126,6 +127,7 @@ private:
     [[nodiscard]] std::optional<QByteArray> withTyping(const QByteArray &bytes) const;
     [[nodiscard]] bool changesCaretLine(const QByteArray &bytes) const;
     void showLines(const editor::LineChange &change);
+    void changeShown(const std::vector<editor::LineHunk> &hunks, qsizetype first, const QStringList &now);
     void replaceLines(editor::KeptCaret &caret, qsizetype first, qsizetype removed, const QStringList &lines);
     void removeLines(editor::KeptCaret &caret, qsizetype first, qsizetype last);
     void insertLines(editor::KeptCaret &caret, qsizetype first, const QStringList &lines);

@@ -97,10 +97,18 @@ void SourceView::showLines(const editor::LineChange &change)
         before.append(block.text());
     }
     const QStringList now = m_source.shownLines(change.first, change.now);
-    auto hunks = editor::lineHunks(before, now);
+    const auto hunks = editor::lineHunks(before, now);
     if (hunks.empty()) {
         return;
     }
+    changeShown(hunks, change.first, now);
+    noteCaretLine();
+}
+
+/// \param first  the line that the hunks count from.
+void SourceView::changeShown(
+    const std::vector<editor::LineHunk> &hunks, qsizetype first, const QStringList &now)
+{
     const QScopedValueRollback guard(m_isShowing, true);
     const KeptPlace place(*this);
     editor::KeptCaret caret(textCursor());
@@ -108,7 +116,7 @@ void SourceView::showLines(const editor::LineChange &change)
     edit.beginEditBlock();
     // From the last to the first, so that the numbers of lines before them still hold.
     std::for_each(hunks.rbegin(), hunks.rend(), [&](const editor::LineHunk &hunk) {
-        replaceLines(caret, change.first + hunk.before, hunk.removed, now.sliced(hunk.after, hunk.added));
+        replaceLines(caret, first + hunk.before, hunk.removed, now.sliced(hunk.after, hunk.added));
     });
     edit.endEditBlock();
     if (!caret.isAt(textCursor())) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editor/LineDiff.h"
+#include "editor/PhysicalLines.h"
 #include "editor/SourceMerge.h"
 #include "editor/SourceText.h"
 #include "lyrics/Generator.h"
@@ -117,6 +118,7 @@ private Q_SLOTS:
     void hunksMakeOneListOfTheOther();
     void hunksAreFew();
     void editsAreMergedWhereTheLinesAreTheSame();
+    void rowsAndPhysicalLines();
 };
 
 void TestSourceText::isShownLineByLine_data()
@@ -465,6 +467,20 @@ void TestSourceText::editsAreMergedWhereTheLinesAreTheSame()
     QCOMPARE(merged("a\r\nB\r\nc\r\n", 3, QStringLiteral("x")), QByteArray("displaced"));
     // Every text that ends in a line end has an empty line behind it.
     QCOMPARE(merged("other\nsong\n", 6, QStringLiteral("x")), QByteArray("displaced"));
+}
+
+void TestSourceText::rowsAndPhysicalLines()
+{
+    RBEditSong song;
+    song.buildWithLrcText("[ti:a][ar:b]\n\n[00:01.00]c\n");
+    song.insertLine_atIndex(RBSongLine::emptyLine(), 3);
+    const editor::PhysicalLines lines(song);
+    const auto rows = [&lines](int line) { return lines.rowOfLine(line); };
+    QCOMPARE(QList<int>({rows(-1), rows(0), rows(1), rows(2), rows(3), rows(4), rows(9)}),
+        QList<int>({0, 0, 2, 3, 4, 5, 5}));
+    const auto physical = [&lines](int row) { return lines.lineOfRow(row); };
+    QCOMPARE(QList<int>({physical(-1), physical(0), physical(1), physical(2), physical(4), physical(5)}),
+        QList<int>({0, 0, 0, 1, 3, 4}));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/SourceView.h"
 #include "kit/Theme.h"
+#include "lyrics/Generator.h"
 #include "resources/Resources.h"
 #include "support/Drags.h"
 #include "support/QtWarnings.h"
@@ -21,7 +22,7 @@
 #include <QtWidgets/QToolTip>
 #include <QtWidgets/QVBoxLayout>
 
-#include <memory>
+#include <array>
 
 namespace {
 
@@ -103,6 +104,8 @@ private Q_SLOTS:
     void filesAreNotTaken();
     void textIsDropped();
     void whatCannotBeShownIsShownAsAMark();
+
+    void anyKeysLeaveWhatTheBytesSay();
 
     void newBytesKeepTheCaretInItsLine();
     void newBytesKeepTheSelection();
@@ -382,6 +385,44 @@ void TestSourceView::whatCannotBeShownIsShownAsAMark()
     QCOMPARE(screen.view->document()->toRawText(),
         QStringLiteral(u"\xFFFD"
                        "a"));
+}
+
+void TestSourceView::anyKeysLeaveWhatTheBytesSay()
+{
+    generate::Random random(91);
+    const Screen screen(QByteArray{});
+    QByteArray known;
+    // A host that takes over what it is told of.
+    QObject::connect(screen.view, &SourceView::sourceEdited, &screen.window, [&known, &screen] {
+        known = screen.view->sourceText();
+        screen.view->setSourceText(known);
+    });
+    const auto anyText = [&random] { return QByteArray::fromStdString(generate::anyText(random, 6, false)); };
+    QApplication::clipboard()->setText(QStringLiteral(u"a\r\n\xFFFD"
+                                                      "\x8D70"));
+    constexpr std::array<int, 12> kKeys
+        = {Qt::Key_A, Qt::Key_Return, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left, Qt::Key_Right,
+            Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End, Qt::Key_V, Qt::Key_X};
+    for (int round = 0; round < 3000; ++round) {
+        const auto key = static_cast<Qt::Key>(kKeys[random.below(kKeys.size())]);
+        const bool isCommand = key == Qt::Key_V || key == Qt::Key_X;
+        const bool isSelecting = !isCommand && random.oneIn(3);
+        QTest::keyClick(screen.view, key,
+            isCommand ? Qt::ControlModifier : (isSelecting ? Qt::ShiftModifier : Qt::NoModifier));
+        if (random.oneIn(3)) {
+            QCoreApplication::processEvents();
+            QCOMPARE(known, screen.view->sourceText());
+        }
+        if (random.oneIn(20)) {
+            screen.view->flushEdits();
+            known = random.oneIn(2) ? anyText() : anyText() + known;
+            screen.view->setSourceText(known);
+            QCOMPARE(screen.view->sourceText(), known);
+        }
+        QString shown = screen.view->document()->toRawText();
+        shown.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+        QCOMPARE(shown, editor::SourceText(screen.view->sourceText()).shown());
+    }
 }
 
 void TestSourceView::newBytesKeepTheCaretInItsLine()
