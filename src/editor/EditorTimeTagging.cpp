@@ -27,6 +27,7 @@ void TQLRCEditorViewCtl::insertTimeTag(QObject *sender)
     if (RBSongLine *line = getSelectedLine()) {
         const QString position = m_lblTabTime ? m_lblTabTime->text() : QString();
         editor::stamp(*line, RBUtils::getTimeInterval(position.toStdString()));
+        showThatItStamped();
     }
     reloadDataWithLrcChanged();
     selectNextLine(false);

@@ -176,7 +176,7 @@ private:
     using Action = void (TQLRCEditorViewCtl::*)(QObject *sender);
 
     [[nodiscard]] std::shared_ptr<TQLRCEditorViewCtl> self();
-    void buildColumns();
+    void showThatItStamped();
     void buildOffsetView();
     void buildStampShortcuts();
     void wireTable();

@@ -52,6 +52,12 @@ QWidget *CellEditingDelegate::createEditor(
     }
     if (editor) {
         editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+        // Selected text stands out from its row, which has the table's selection colour already.
+        const Theme &theme = inkOf(option).theme;
+        QPalette selection;
+        selection.setColor(QPalette::Highlight, theme.accent);
+        selection.setColor(QPalette::HighlightedText, theme.accentInk);
+        editor->setPalette(selection);
     }
     m_editor = editor;
     m_cell = index;
@@ -261,8 +267,7 @@ void CellEditingDelegate::paint(
         painter->fillRect(
             QRect(option.rect.topLeft(), QSize(kFocusMarkWidth, option.rect.height() - 1)), ink.theme.focus);
     }
-    painter->setPen(QPen(ink.theme.line, 0));
-    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    painter->fillRect(QRect(option.rect.bottomLeft(), QSize(option.rect.width(), 1)), ink.theme.line);
     painter->restore();
 }
 

@@ -219,5 +219,13 @@
         <source>The line that is heard now</source>
         <translation>Die Zeile, die gerade zu hören ist</translation>
     </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>More commands</source>
+        <translation>Weitere Befehle</translation>
+    </message>
 </context>
 </TS>

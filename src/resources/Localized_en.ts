@@ -219,5 +219,13 @@
         <source>The line that is heard now</source>
         <translation>The line that is heard now</translation>
     </message>
+    <message>
+        <source>More</source>
+        <translation>More</translation>
+    </message>
+    <message>
+        <source>More commands</source>
+        <translation>More commands</translation>
+    </message>
 </context>
 </TS>
