@@ -33,6 +33,28 @@ bool isTyping(const QKeyEvent &event)
     return commands == Qt::NoModifier || (thirdLevel && !event.text().isEmpty() && event.text()[0].isPrint());
 }
 
+// Of the first character that has one, as text layout goes by; numbers have none.
+std::optional<Qt::LayoutDirection> directionOf(const QString &text)
+{
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const bool isPair
+            = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        const char32_t character
+            = isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : char32_t(text[at].unicode());
+        at += isPair ? 1 : 0;
+        switch (QChar::direction(character)) {
+        case QChar::DirL:
+            return Qt::LeftToRight;
+        case QChar::DirR:
+        case QChar::DirAL:
+            return Qt::RightToLeft;
+        default:
+            break;
+        }
+    }
+    return std::nullopt;
+}
+
 const DataSourceTableModel &modelOf(const QModelIndex &index)
 {
     return *static_cast<const DataSourceTableModel *>(index.model());
@@ -235,10 +257,8 @@ void CellEditingDelegate::dress(QStyleOptionViewItem *option, const CellLook &lo
             option->fontMetrics = QFontMetrics(ink.currentFont);
         }
     }
-    // A line of Hebrew or Arabic begins at its own side, also in a window of another direction.
-    if (option->direction == Qt::LeftToRight && option->text.isRightToLeft()) {
-        option->direction = Qt::RightToLeft;
-    }
+    // A line of Hebrew begins at its own side in an English window, and the other way round.
+    option->direction = directionOf(option->text).value_or(option->direction);
 }
 
 void CellEditingDelegate::paint(

@@ -168,6 +168,7 @@ private Q_SLOTS:
     void aRepaintedCellIsAskedForOnce();
     void chipIsDrawnAndSpokenAndNoPartOfTheValue();
     void chipOfARightToLeftTextStandsAtItsRight();
+    void everyTextBeginsAtItsOwnSideInAnyWindow();
     void longChipLeavesRoomForTheText();
     void problemIsAMarkATooltipAndSpoken();
     void problemIsNeverTakenForMarkup();
@@ -229,6 +230,20 @@ void tst_TableView::chipOfARightToLeftTextStandsAtItsRight()
     const QPoint chip = chipExtent(table.picture(1, "text"), theme);
     QVERIFY(chip.y() > width - kit::kCellMargin - 6);
     QVERIFY(extentOf(table.picture(1, "text"), theme.text).y() < chip.x());
+}
+
+void tst_TableView::everyTextBeginsAtItsOwnSideInAnyWindow()
+{
+    Table table;
+    table.view.setLayoutDirection(Qt::RightToLeft);
+    table.source->values.insert(1, QString::fromUtf8("12. some text,"));
+    table.source->values.insert(2, QString::fromUtf8("12. כוכב קטן,"));
+    table.source->values.insert(3, "12");
+    const kit::Theme theme(&table.view);
+    const int middle = table.picture(1, "text").width() / 2;
+    QVERIFY(extentOf(table.picture(1, "text"), theme.text).y() < middle);
+    QVERIFY(extentOf(table.picture(2, "text"), theme.text).x() > middle);
+    QVERIFY(extentOf(table.picture(3, "text"), theme.text).x() > middle);
 }
 
 void tst_TableView::longChipLeavesRoomForTheText()
