@@ -7,7 +7,6 @@
 #include "editor/TQLRCEditorViewCtl.h"
 #include "kit/AccentButton.h"
 #include "kit/NoticeView.h"
-#include "kit/Separator.h"
 #include "kit/Theme.h"
 #include "resources/Localized.h"
 #include "resources/Resources.h"
@@ -22,17 +21,8 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QToolButton>
 
 namespace {
-
-// Below this width, in logical pixels, the toolbar's words go and its pictures stay.
-constexpr int kWidthForWords = 860;
-// Below this one the gaps between the groups go, too.
-constexpr int kWidthForGroups = 640;
-constexpr int kToolWidth = 64;
-constexpr int kToolWidthWithoutWords = 40;
-constexpr int kNarrowToolWidth = 30;
 
 // The accent has an ink of its own; on all else a picture follows the text.
 QColor inkOf(const QAbstractButton &button)
@@ -84,6 +74,7 @@ bool TQLRCEditorViewCtl::connectOutlets()
     complete &= outlet(m_btnPreview, "btnPreview");
     complete &= outlet(m_btnRestoreAll, "btnRestoreAll");
     complete &= outlet(m_btnInsertAlbum, "btnInsertAlbum");
+    complete &= outlet(m_btnSource, "btnSource");
     return complete;
 }
 
@@ -96,33 +87,14 @@ void TQLRCEditorViewCtl::viewDidLoad()
         {QStringLiteral("text/uri-list"), QStringLiteral("TableLrcDragType"), QStringLiteral("text/plain")});
     refreshBtnsImages();
     wireButtons();
+    wireSourceButton();
     m_actions->attachTo(view());
+    refreshToolTips();
     buildOffsetView();
     updatePlayerProgress(0.0);
     // What was loaded before there was a view; the host heard of it then.
     updateTableColumns();
     m_tableView->reloadData();
-}
-
-void TQLRCEditorViewCtl::viewWillLayout()
-{
-    ViewController::viewWillLayout();
-    const int width = view()->width();
-    const bool words = width >= kWidthForWords;
-    const bool groups = width >= kWidthForGroups;
-    for (QToolButton *button : view()->findChildren<QToolButton *>()) {
-        button->setToolButtonStyle(words ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
-        button->setMinimumWidth(words ? kToolWidth : (groups ? kToolWidthWithoutWords : kNarrowToolWidth));
-    }
-    if (QLayout *toolBar = view()->findChild<QLayout *>(QStringLiteral("layoutToolBar"))) {
-        toolBar->setSpacing(groups ? kit::kSpacingTiny : 0);
-    }
-    for (kit::Separator *separator : view()->findChildren<kit::Separator *>()) {
-        separator->setVisible(groups || separator->orientation() == Qt::Horizontal);
-    }
-    if (auto *key = view()->findChild<QLabel *>(QStringLiteral("lblStampKey"))) {
-        key->setVisible(words);
-    }
 }
 
 void TQLRCEditorViewCtl::wireTable()
@@ -205,9 +177,6 @@ void TQLRCEditorViewCtl::refreshBtnsImages()
         }
     }
 }
-
-void TQLRCEditorViewCtl::refreshToolTips()
-{ }
 
 void TQLRCEditorViewCtl::tell(const QString &notice)
 {

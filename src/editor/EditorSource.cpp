@@ -3,6 +3,7 @@
 // The LRC text in the table's place: the same document, the same history, the same selected line.
 #include "editor/EditorActions.h"
 #include "editor/EditorStep.h"
+#include "editor/PhysicalLines.h"
 #include "editor/ProblemTexts.h"
 #include "editor/SourceView.h"
 #include "editor/TQLRCEditorViewCtl.h"
@@ -13,7 +14,6 @@
 #include <QtWidgets/QLayout>
 
 #include <algorithm>
-#include <iterator>
 
 bool TQLRCEditorViewCtl::isSourceShown() const
 {
@@ -61,7 +61,7 @@ void TQLRCEditorViewCtl::buildSourceView()
 
 void TQLRCEditorViewCtl::updateSource()
 {
-    m_lineStarts.clear();
+    m_physicalLines.reset();
     if (isSourceShown()) {
         const QScopedValueRollback showing(m_isShowingSource, true);
         m_sourceView->setSourceText(songText());
@@ -83,30 +83,12 @@ void TQLRCEditorViewCtl::takeSource()
     selectRowOfCaret();
 }
 
-const std::vector<std::size_t> &TQLRCEditorViewCtl::lineStarts()
+const editor::PhysicalLines &TQLRCEditorViewCtl::physicalLines()
 {
-    if (m_lineStarts.empty()) {
-        m_lineStarts = m_song.physicalLineStarts();
+    if (!m_physicalLines) {
+        m_physicalLines.emplace(m_song);
     }
-    return m_lineStarts;
-}
-
-int TQLRCEditorViewCtl::rowOfLine(int line)
-{
-    const auto &starts = lineStarts();
-    if (starts.empty()) {
-        return -1;
-    }
-    const std::size_t known = std::min(static_cast<std::size_t>(std::max(line, 0)), starts.size() - 1);
-    return static_cast<int>(starts[known]);
-}
-
-int TQLRCEditorViewCtl::lineOfRow(int row)
-{
-    const auto &starts = lineStarts();
-    const auto after
-        = std::upper_bound(starts.begin(), starts.end(), static_cast<std::size_t>(std::max(row, 0)));
-    return static_cast<int>(std::distance(starts.begin(), after)) - 1;
+    return *m_physicalLines;
 }
 
 void TQLRCEditorViewCtl::selectRowOfCaret()
@@ -117,8 +99,8 @@ void TQLRCEditorViewCtl::selectRowOfCaret()
     const QScopedValueRollback showing(m_isShowingSource, true);
     const int line = m_sourceView->caretLine();
     // A row of the line that is selected already stays: several tags may stand on one line.
-    if (line != lineOfRow(m_tableView->selectedRow())) {
-        m_tableView->selectSingleRow(rowOfLine(line));
+    if (line != physicalLines().lineOfRow(m_tableView->selectedRow())) {
+        m_tableView->selectSingleRow(std::min(physicalLines().rowOfLine(line), songLinesNum() - 1));
     }
 }
 
@@ -129,21 +111,15 @@ void TQLRCEditorViewCtl::moveCaretToSelectedRow()
     }
     const QScopedValueRollback showing(m_isShowingSource, true);
     if (const int row = m_tableView->selectedRow(); row >= 0) {
-        m_sourceView->moveCaretToLine(lineOfRow(row));
+        m_sourceView->moveCaretToLine(physicalLines().lineOfRow(row));
     }
 }
 
 QString TQLRCEditorViewCtl::problemsOfLine(int line)
 {
-    const auto &starts = lineStarts();
-    const auto index = static_cast<std::size_t>(line);
-    if (line < 0 || index >= starts.size()) {
-        return {};
-    }
-    const std::size_t end = index + 1 < starts.size() ? starts[index + 1] : m_song.aryLines().size();
     QStringList texts;
-    for (std::size_t row = starts[index]; row < end; ++row) {
-        for (const editor::LineProblem &problem : problemsOfRow(static_cast<int>(row))) {
+    for (int row = physicalLines().rowOfLine(line); row < physicalLines().rowOfLine(line + 1); ++row) {
+        for (const editor::LineProblem &problem : problemsOfRow(row)) {
             texts.append(editor::problemText(problem));
         }
     }

@@ -34,7 +34,11 @@ void TQLRCEditorViewCtl::stampSelectedLine()
     tryInsertWithEmpty();
     const QString position = m_lblTabTime ? m_lblTabTime->text() : QString();
     const std::int64_t millis = RBUtils::getTimeInterval(position.toStdString());
-    changes().change(selection().selectedRow, [millis](RBSongLine &line) { editor::stamp(line, millis); });
+    if (getSelectedLine()) {
+        changes().change(
+            selection().selectedRow, [millis](RBSongLine &line) { editor::stamp(line, millis); });
+        showThatItStamped();
+    }
     reloadDataWithLrcChanged();
 }
 

@@ -4,6 +4,7 @@
 #include "editor/EditHistory.h"
 #include "editor/LineCommands.h"
 #include "editor/LineProblems.h"
+#include "editor/PhysicalLines.h"
 #include "editor/SungLine.h"
 #include "kit/DropTipView.h"
 #include "kit/MyTableView.h"
@@ -246,7 +247,7 @@ private:
     class Step;
 
     [[nodiscard]] std::shared_ptr<TQLRCEditorViewCtl> self();
-    void buildColumns();
+    void showThatItStamped();
     void buildOffsetView();
     void buildActions();
     void refreshActions();
@@ -263,6 +264,7 @@ private:
     void pressStamp(QObject *sender);
     void focusOffsetSoon();
     void refreshToolTips();
+    void wireSourceButton();
     [[nodiscard]] bool canPerform(EditorCommand command) const;
     [[nodiscard]] editor::LineSelection selection() const;
     [[nodiscard]] editor::SongChanges &changes() { return m_history.changes(); }
@@ -281,9 +283,7 @@ private:
     void buildSourceView();
     void updateSource();
     void takeSource();
-    [[nodiscard]] const std::vector<std::size_t> &lineStarts();
-    [[nodiscard]] int rowOfLine(int line);
-    [[nodiscard]] int lineOfRow(int row);
+    [[nodiscard]] const editor::PhysicalLines &physicalLines();
     void selectRowOfCaret();
     void moveCaretToSelectedRow();
     [[nodiscard]] QString problemsOfLine(int line);
@@ -312,8 +312,8 @@ private:
 
     // Null until it is shown for the first time.
     QPointer<SourceView> m_sourceView;
-    // The first row of each line of the source; made anew when it is asked for.
-    std::vector<std::size_t> m_lineStarts;
+    // Made anew when it is asked for after a change.
+    std::optional<editor::PhysicalLines> m_physicalLines;
     // Caret and selection follow each other, one at a time.
     bool m_isShowingSource = false;
 
@@ -329,6 +329,7 @@ private:
     QPointer<QAbstractButton> m_btnPreview;
     QPointer<QAbstractButton> m_btnRestoreAll;
     QPointer<QAbstractButton> m_btnInsertAlbum;
+    QPointer<QAbstractButton> m_btnSource;
     QPointer<QLineEdit> m_lblOffsetTime;
     std::unique_ptr<QWidget> m_offsetSetView;
     std::unique_ptr<editor::EditorActions> m_actions;

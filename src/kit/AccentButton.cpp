@@ -4,14 +4,29 @@
 #include "kit/Theme.h"
 
 #include <QtCore/QEvent>
+#include <QtCore/QVariantAnimation>
 #include <QtGui/QPainter>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLayout>
 #include <QtWidgets/QStyle>
 
-AccentButton::AccentButton(QWidget *parent) : QPushButton(parent)
+namespace {
+
+constexpr double kFlashRing = 0.55;
+constexpr double kFlashLight = 0.3;
+
+} // namespace
+
+AccentButton::AccentButton(QWidget *parent) : QPushButton(parent), m_flashing(new QVariantAnimation(this))
 {
     setAttribute(Qt::WA_Hover);
+    m_flashing->setStartValue(1.0);
+    m_flashing->setEndValue(0.0);
+    m_flashing->setDuration(kit::kSlowMillis);
+    connect(m_flashing, &QVariantAnimation::valueChanged, this, [this](const QVariant &value) {
+        m_flash = value.toDouble();
+        update();
+    });
 }
 
 QSize AccentButton::sizeHint() const
@@ -52,6 +67,8 @@ void AccentButton::paintEvent(QPaintEvent *event)
     const QRectF body = hasFocus() ? frame.adjusted(2, 2, -2, -2) : frame;
     painter.drawRoundedRect(body, kit::kRadius, kit::kRadius);
 
+    paintFlash(&painter, frame);
+
     if (!icon().isNull()) {
         const QRect iconRect = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignVCenter,
             iconSize(), rect().adjusted(kit::kSpacingLarge, 0, -kit::kSpacingLarge, 0));
@@ -61,6 +78,36 @@ void AccentButton::paintEvent(QPaintEvent *event)
         painter.setPen(theme.accentInk);
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
     }
+}
+
+void AccentButton::flash()
+{
+    if (!isVisible() || style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) <= 0) {
+        return;
+    }
+    m_flashing->stop();
+    // The animation tells of changes only, and its first value may be no change for it.
+    m_flash = 1.0;
+    update();
+    m_flashing->start();
+}
+
+// A ring that fades round the button, and a light on it.
+void AccentButton::paintFlash(QPainter *painter, const QRectF &frame) const
+{
+    if (m_flash <= 0.0) {
+        return;
+    }
+    const kit::Theme theme(this);
+    painter->save();
+    painter->setOpacity(m_flash * kFlashLight);
+    painter->setBrush(theme.accentInk);
+    painter->drawRoundedRect(frame, kit::kRadius, kit::kRadius);
+    painter->setOpacity(m_flash * kFlashRing);
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(QPen(theme.focus, 2));
+    painter->drawRoundedRect(frame.adjusted(-1, -1, 1, 1), kit::kRadiusLarge, kit::kRadiusLarge);
+    painter->restore();
 }
 
 void AccentButton::childEvent(QChildEvent *event)

@@ -33,6 +33,28 @@ bool isTyping(const QKeyEvent &event)
     return commands == Qt::NoModifier || (thirdLevel && !event.text().isEmpty() && event.text()[0].isPrint());
 }
 
+// Of the first character that has one, as text layout goes by; numbers have none.
+std::optional<Qt::LayoutDirection> directionOf(const QString &text)
+{
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const bool isPair
+            = text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate();
+        const char32_t character
+            = isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : char32_t(text[at].unicode());
+        at += isPair ? 1 : 0;
+        switch (QChar::direction(character)) {
+        case QChar::DirL:
+            return Qt::LeftToRight;
+        case QChar::DirR:
+        case QChar::DirAL:
+            return Qt::RightToLeft;
+        default:
+            break;
+        }
+    }
+    return std::nullopt;
+}
+
 const DataSourceTableModel &modelOf(const QModelIndex &index)
 {
     return *static_cast<const DataSourceTableModel *>(index.model());
@@ -52,6 +74,12 @@ QWidget *CellEditingDelegate::createEditor(
     }
     if (editor) {
         editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+        // Selected text stands out from its row, which has the table's selection colour already.
+        const Theme &theme = inkOf(option).theme;
+        QPalette selection;
+        selection.setColor(QPalette::Highlight, theme.accent);
+        selection.setColor(QPalette::HighlightedText, theme.accentInk);
+        editor->setPalette(selection);
     }
     m_editor = editor;
     m_cell = index;
@@ -229,10 +257,8 @@ void CellEditingDelegate::dress(QStyleOptionViewItem *option, const CellLook &lo
             option->fontMetrics = QFontMetrics(ink.currentFont);
         }
     }
-    // A line of Hebrew or Arabic begins at its own side, also in a window of another direction.
-    if (option->direction == Qt::LeftToRight && option->text.isRightToLeft()) {
-        option->direction = Qt::RightToLeft;
-    }
+    // A line of Hebrew begins at its own side in an English window, and the other way round.
+    option->direction = directionOf(option->text).value_or(option->direction);
 }
 
 void CellEditingDelegate::paint(
@@ -261,8 +287,7 @@ void CellEditingDelegate::paint(
         painter->fillRect(
             QRect(option.rect.topLeft(), QSize(kFocusMarkWidth, option.rect.height() - 1)), ink.theme.focus);
     }
-    painter->setPen(QPen(ink.theme.line, 0));
-    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    painter->fillRect(QRect(option.rect.bottomLeft(), QSize(option.rect.width(), 1)), ink.theme.line);
     painter->restore();
 }
 

@@ -51,6 +51,7 @@ void DropTipView::buildSentence()
     m_btnHelp->setText(kit::FormLoader::translated(QStringLiteral("Help")));
     m_btnHelp->setToolTip(kit::FormLoader::translated(QStringLiteral("Open the help page")));
     m_btnHelp->setFlat(true);
+    m_btnHelp->setCursor(Qt::PointingHandCursor);
 
     auto *const column = new QVBoxLayout(this);
     column->setContentsMargins(
@@ -153,6 +154,9 @@ void DropTipView::applyTheme()
     quiet.setColor(QPalette::WindowText, theme.quietText);
     quiet.setColor(QPalette::ButtonText, theme.quietText);
     m_btnHelp->setPalette(quiet);
+    QFont link = kit::textFont(font(), kit::TextSize::Small);
+    link.setUnderline(true);
+    m_btnHelp->setFont(link);
     QPalette plain;
     plain.setColor(QPalette::WindowText, theme.text);
     m_prompt->setPalette(plain);

@@ -440,10 +440,6 @@
         <translation>Zeileneditor</translation>
     </message>
     <message>
-        <source>Stamp the play position onto the selected line and go to the next (Enter)</source>
-        <translation>Die Abspielposition auf die gewählte Zeile stempeln und zur nächsten gehen (Eingabetaste)</translation>
-    </message>
-    <message>
         <source>Stamp</source>
         <translation>Stempeln</translation>
     </message>
@@ -474,10 +470,6 @@
     <message>
         <source>Edited by</source>
         <translation>Bearbeitet von</translation>
-    </message>
-    <message>
-        <source>Take the times and tags off the selected lines (Delete)</source>
-        <translation>Zeiten und Angaben von den gewählten Zeilen nehmen (Entf)</translation>
     </message>
     <message>
         <source>Untag</source>
@@ -674,6 +666,34 @@
     <message>
         <source>typing</source>
         <translation>Tippen</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>More commands</source>
+        <translation>Weitere Befehle</translation>
+    </message>
+    <message>
+        <source>Stamp · %1</source>
+        <translation>Stempeln · %1</translation>
+    </message>
+    <message>
+        <source>Show the LRC text in the place of the table</source>
+        <translation>Zeigt den LRC-Text an der Stelle der Tabelle</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelltext</translation>
+    </message>
+    <message>
+        <source>Stamp the play position onto the selected line and go to the next</source>
+        <translation>Stempelt die Abspielposition auf die ausgewählte Zeile und geht zur nächsten</translation>
+    </message>
+    <message>
+        <source>Take the times and tags off the selected lines</source>
+        <translation>Entfernt Zeiten und Merkmale der ausgewählten Zeilen</translation>
     </message>
 </context>
 </TS>

@@ -440,10 +440,6 @@
         <translation>Line editor</translation>
     </message>
     <message>
-        <source>Stamp the play position onto the selected line and go to the next (Enter)</source>
-        <translation>Stamp the play position onto the selected line and go to the next (Enter)</translation>
-    </message>
-    <message>
         <source>Stamp</source>
         <translation>Stamp</translation>
     </message>
@@ -474,10 +470,6 @@
     <message>
         <source>Edited by</source>
         <translation>Edited by</translation>
-    </message>
-    <message>
-        <source>Take the times and tags off the selected lines (Delete)</source>
-        <translation>Take the times and tags off the selected lines (Delete)</translation>
     </message>
     <message>
         <source>Untag</source>
@@ -674,6 +666,34 @@
     <message>
         <source>typing</source>
         <translation>typing</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>More</translation>
+    </message>
+    <message>
+        <source>More commands</source>
+        <translation>More commands</translation>
+    </message>
+    <message>
+        <source>Stamp · %1</source>
+        <translation>Stamp · %1</translation>
+    </message>
+    <message>
+        <source>Show the LRC text in the place of the table</source>
+        <translation>Show the LRC text in the place of the table</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Source</translation>
+    </message>
+    <message>
+        <source>Stamp the play position onto the selected line and go to the next</source>
+        <translation>Stamp the play position onto the selected line and go to the next</translation>
+    </message>
+    <message>
+        <source>Take the times and tags off the selected lines</source>
+        <translation>Take the times and tags off the selected lines</translation>
     </message>
 </context>
 </TS>

@@ -22,7 +22,11 @@ namespace views {
 CellTextView::CellTextView(QWidget *parent) : TQLRCTextView(parent)
 {
     configure();
-    connect(document(), &QTextDocument::contentsChanged, this, &CellTextView::fitWidth);
+    connect(document(), &QTextDocument::contentsChanged, this, [this] {
+        followEdit();
+        fitWidth();
+    });
+    connect(this, &QTextEdit::cursorPositionChanged, this, &CellTextView::showMarginAtTheEnds);
     // A script that is higher than the row does not move the line up and down.
     connect(verticalScrollBar(), &QScrollBar::rangeChanged, this,
         [this] { verticalScrollBar()->setRange(0, 0); });
@@ -41,22 +45,42 @@ void CellTextView::configure()
 
 void CellTextView::setCellText(const QString &text)
 {
-    m_givenText = text;
-    m_shownText = withoutWhatNoLineHolds(text);
+    const QString shown = withoutWhatNoLineHolds(text);
+    m_meantBefore.clear();
+    m_shownText.clear();
     // Not setPlainText(), which gives the document margins of its own.
     setUndoRedoEnabled(false);
     QTextCursor cursor(document());
     cursor.select(QTextCursor::Document);
-    cursor.insertText(m_shownText);
+    cursor.insertText(shown);
     placeText();
     setUndoRedoEnabled(true);
     setTextCursor(cursor);
+    if (shown != text) {
+        m_meantText = text;
+        m_shownText = shown;
+        m_meantBefore.insert(shown, text);
+    }
 }
 
 QString CellTextView::cellText() const
 {
     // The raw text: the plain one has blanks for no-break spaces.
-    return withOriginalsOf(m_givenText, m_shownText, document()->toRawText());
+    return m_meantBefore.isEmpty() ? withoutWhatNoLineHolds(document()->toRawText()) : m_meantText;
+}
+
+// Edit by edit: what lies between two of them is nobody's edit.
+void CellTextView::followEdit()
+{
+    const QString now = m_meantBefore.isEmpty() ? QString() : document()->toRawText();
+    if (m_meantBefore.isEmpty() || now == m_shownText) {
+        return;
+    }
+    const auto before = m_meantBefore.constFind(now);
+    m_meantText
+        = before != m_meantBefore.constEnd() ? *before : withOriginalsOf(m_meantText, m_shownText, now);
+    m_shownText = now;
+    m_meantBefore.insert(m_shownText, m_meantText);
 }
 
 QString CellTextView::textBeforeSelection() const
@@ -132,6 +156,18 @@ void CellTextView::fitWidth()
     if (document()->textWidth() != width) {
         document()->setTextWidth(width);
         ensureCursorVisible();
+    }
+}
+
+// The view moves just as far as the caret needs; at an end of the text it moves to its own end.
+void CellTextView::showMarginAtTheEnds()
+{
+    QScrollBar *const bar = horizontalScrollBar();
+    const QRect caret = cursorRect().translated(bar->value(), 0);
+    if (caret.left() <= m_left) {
+        bar->setValue(bar->minimum());
+    } else if (caret.left() >= bar->maximum() + viewport()->width() - m_right) {
+        bar->setValue(bar->maximum());
     }
 }
 

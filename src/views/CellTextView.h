@@ -4,6 +4,8 @@
 #include "kit/CellTextEditor.h"
 #include "views/TQLRCTextView.h"
 
+#include <QtCore/QHash>
+
 namespace views {
 
 /// The text view that edits the text of a table's cell: one line, without wrapping, scroll bars or
@@ -37,15 +39,18 @@ protected:
 
 private:
     void configure();
+    void followEdit();
     void insertLines(const QString &pasted);
     void placeText();
     void fitWidth();
+    void showMarginAtTheEnds();
 
     LinesHandler m_linesHandler;
-    // As it was given, and as it is shown: character by character the same, but for those that a
-    // document of one line cannot hold.
-    QString m_givenText;
+    // Only while the text holds characters that a document of one line cannot: the text as it is
+    // meant and as it is shown, unit by unit, and what earlier texts were meant as, for undo.
+    QString m_meantText;
     QString m_shownText;
+    QHash<QString, QString> m_meantBefore;
     int m_left = 0;
     int m_right = 0;
     int m_rowHeight = 0;

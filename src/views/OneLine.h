@@ -16,8 +16,8 @@ namespace views {
 /// As many UTF-16 units as before, every other one the same.
 [[nodiscard]] QString withoutWhatNoLineHolds(const QString &text);
 
-/// What `given`, shown as `shown` (by `withoutWhatNoLineHolds`), became when its user made
-/// `edited` of it: where that is still `shown`, it is what was given.
+/// What `given`, shown as `shown` (unit by unit), became by one edit after which `edited` is shown:
+/// what is not part of the edit is what was given.
 [[nodiscard]] QString withOriginalsOf(const QString &given, const QString &shown, const QString &edited);
 
 } // namespace views

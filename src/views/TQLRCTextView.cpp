@@ -9,6 +9,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QStyleHints>
+#include <QtGui/QTextBlock>
 #include <QtGui/QTextDocument>
 
 #include <algorithm>
@@ -43,11 +44,14 @@ bool TQLRCTextView::canShowCaret() const
     return hasFocus() && textInteractionFlags().testFlag(Qt::TextEditable);
 }
 
-// Never half outside: at an edge it stands over the outermost character.
+// On the side of the text that follows. Never half outside: at an edge it stands over a character.
 QRect TQLRCTextView::caretRect() const
 {
     QRect caret = cursorRect();
     caret.setWidth(cursorWidth());
+    if (textCursor().block().textDirection() == Qt::RightToLeft) {
+        caret.moveLeft(std::max(0, caret.left() - caret.width()));
+    }
     const int right = viewport()->width();
     if (caret.left() < right && caret.right() >= right) {
         caret.moveRight(right - 1);

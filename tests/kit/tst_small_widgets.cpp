@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "kit/AccentButton.h"
 #include "kit/AutoResize.h"
 #include "kit/CoverView.h"
 #include "kit/ElidedLabel.h"
@@ -8,6 +9,7 @@
 #include "support/QtWarnings.h"
 
 #include <QtTest/QTest>
+#include <QtWidgets/QProxyStyle>
 
 class tst_SmallWidgets : public QObject
 {
@@ -28,6 +30,8 @@ private Q_SLOTS:
     void coverShowsTheWholePictureOnce();
     void clearedCoverHasNoPixmap();
     void roundButtonIsPressedByKeyAndMouse();
+    void accentButtonFlashesAndIsCalmAgain();
+    void accentButtonDoesNotFlashWithoutAnimations();
     void autoResizeKeepsTheMargins();
     void autoResizeFollowsANewParentAndAHiddenOne();
 };
@@ -210,6 +214,61 @@ void tst_SmallWidgets::roundButtonIsPressedByKeyAndMouse()
     const QImage filled = button.grab().toImage();
     button.setQuiet(true);
     QVERIFY(button.grab().toImage() != filled);
+}
+
+namespace {
+
+// A desktop that wants animations to last so long; 0 for none.
+class Motion : public QProxyStyle
+{
+public:
+    explicit Motion(int millis) : QProxyStyle(QStringLiteral("Fusion")), m_millis(millis) { }
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+        QStyleHintReturn *data) const override
+    {
+        return hint == SH_Widget_Animation_Duration ? m_millis
+                                                    : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+
+private:
+    int m_millis;
+};
+
+} // namespace
+
+void tst_SmallWidgets::accentButtonFlashesAndIsCalmAgain()
+{
+    Motion motion(200);
+    AccentButton button;
+    button.setStyle(&motion);
+    button.setFocusPolicy(Qt::NoFocus); // its ring would come and go with the window
+    button.resize(120, 46);
+    button.flash(); // not on screen yet
+    button.show();
+    // The pointer may stand where the window comes up.
+    QVERIFY(QTest::qWaitForWindowActive(&button));
+    QCoreApplication::processEvents();
+    const QImage calm = button.grab().toImage();
+    int clicks = 0;
+    connect(&button, &AccentButton::clicked, this, [&clicks] { ++clicks; });
+    button.flash();
+    QVERIFY(button.grab().toImage() != calm);
+    button.click(); // takes clicks meanwhile
+    QCOMPARE(clicks, 1);
+    button.flash();
+    QTRY_COMPARE(button.grab().toImage(), calm);
+}
+
+void tst_SmallWidgets::accentButtonDoesNotFlashWithoutAnimations()
+{
+    Motion motion(0);
+    AccentButton button;
+    button.setStyle(&motion);
+    button.resize(120, 46);
+    button.show();
+    const QImage calm = button.grab().toImage();
+    button.flash();
+    QCOMPARE(button.grab().toImage(), calm);
 }
 
 void tst_SmallWidgets::autoResizeKeepsTheMargins()

@@ -22,14 +22,18 @@ public:
     }
 };
 
-/// A drag that comes into the middle of `target`; true when it is accepted as a copy.
-inline bool dragInto(QWidget *target, const QMimeData &data)
+/// A drag that comes into `target` at `place`; true when it is accepted as a copy.
+inline bool dragAt(QWidget *target, const QPoint &place, const QMimeData &data)
 {
-    QDragEnterEvent event(
-        target->rect().center(), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QDragEnterEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
     event.setAccepted(false);
     QCoreApplication::sendEvent(target, &event);
     return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+}
+
+inline bool dragInto(QWidget *target, const QMimeData &data)
+{
+    return dragAt(target, target->rect().center(), data);
 }
 
 inline void dragOut(QWidget *target)
@@ -39,12 +43,17 @@ inline void dragOut(QWidget *target)
 }
 
 /// The drop at the end of an accepted drag; true when it is accepted as a copy.
-inline bool dropOnto(QWidget *target, const QMimeData &data)
+inline bool dropAt(QWidget *target, const QPoint &place, const QMimeData &data)
 {
-    QDropEvent event(target->rect().center(), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QDropEvent event(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
     event.setAccepted(false);
     QCoreApplication::sendEvent(target, &event);
     return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+}
+
+inline bool dropOnto(QWidget *target, const QMimeData &data)
+{
+    return dropAt(target, target->rect().center(), data);
 }
 
 } // namespace support
