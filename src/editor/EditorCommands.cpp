@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
 // The commands of the toolbar on tags and on the whole document.
+#include "editor/EditorStep.h"
 #include "editor/LineCommands.h"
 #include "editor/TQLRCEditorViewCtl.h"
+#include "resources/Localized.h"
 
 void TQLRCEditorViewCtl::insertTitleTag(QObject *sender)
 {
@@ -30,12 +32,12 @@ void TQLRCEditorViewCtl::insertEditedByTag(QObject *sender)
 
 void TQLRCEditorViewCtl::insertPropertyTag(const QString &key)
 {
-    RBSongLine *line = getSelectedLine();
-    if (!line) {
+    if (!getSelectedLine()) {
         return;
     }
-    const auto alive = self();
-    editor::makeTagLine(*line, key.toStdString());
+    const Step step(*this, localized(QStringLiteral("tag")));
+    changes().change(selection().selectedRow,
+        [tag = key.toStdString()](RBSongLine &line) { editor::makeTagLine(line, tag); });
     reloadDataWithLrcChanged();
     selectNextLine(false);
 }
@@ -43,27 +45,27 @@ void TQLRCEditorViewCtl::insertPropertyTag(const QString &key)
 void TQLRCEditorViewCtl::deleteLineTag(QObject *sender)
 {
     Q_UNUSED(sender)
-    for (const kit::RowRange &range : m_tableView ? m_tableView->selectedRowRanges() : kit::RowRanges()) {
-        for (int row = range.first; row <= range.last; ++row) {
-            if (RBSongLine *line = getSongLineAtIndex(row)) {
-                editor::untag(*line);
-            }
-        }
-    }
+    const auto rows = selection().rows;
+    const Step step(*this, localized(QStringLiteral("untag")));
+    changes().changeEach(rows, editor::untag);
     reloadDataWithLrcChanged();
 }
 
 void TQLRCEditorViewCtl::deleteAllTags(QObject *sender)
 {
     Q_UNUSED(sender)
-    editor::untagAll(m_song);
+    const Step step(*this, localized(QStringLiteral("untag all")));
+    changes().changeEach(changes().allRows(), editor::untag);
     reloadDataWithLrcChanged();
 }
 
 void TQLRCEditorViewCtl::restoreAllClick(QObject *sender)
 {
     Q_UNUSED(sender)
-    m_song.buildWithLrcText(m_originSong.songText());
+    const Step step(*this, localized(QStringLiteral("restore")));
+    RBEditSong song;
+    song.buildWithLrcText(m_originSong.songText());
+    changes().replace(std::move(song));
     reloadDataWithLrcChanged();
 }
 

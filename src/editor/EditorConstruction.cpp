@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 //
 // How the line editor comes into being: form, outlets, table, buttons.
+#include "editor/EditorActions.h"
 #include "editor/LineColumns.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "kit/AccentButton.h"
 #include "kit/Theme.h"
 #include "resources/Localized.h"
+#include "resources/Resources.h"
 #include "resources/TQLrcUtils.h"
 #include "views/CellTextView.h"
 #include "views/RBNoResponseTextFiled.h"
 #include "views/SmallViews.h"
 
 #include <QtGui/QDoubleValidator>
-#include <QtGui/QShortcut>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -29,11 +30,17 @@ QColor inkOf(const QAbstractButton &button)
 
 } // namespace
 
-TQLRCEditorViewCtl::TQLRCEditorViewCtl() = default;
+TQLRCEditorViewCtl::TQLRCEditorViewCtl()
+{
+    buildActions();
+}
+
 TQLRCEditorViewCtl::~TQLRCEditorViewCtl() = default;
 
 std::shared_ptr<TQLRCEditorViewCtl> TQLRCEditorViewCtl::init()
 {
+    // The texts of the actions are looked up now.
+    resources::ensureLoaded();
     views::registerSmallViews();
     struct Constructible : TQLRCEditorViewCtl
     { };
@@ -77,7 +84,7 @@ void TQLRCEditorViewCtl::viewDidLoad()
         {QStringLiteral("text/uri-list"), QStringLiteral("TableLrcDragType"), QStringLiteral("text/plain")});
     refreshBtnsImages();
     wireButtons();
-    buildStampShortcuts();
+    m_actions->attachTo(view());
     buildOffsetView();
     updatePlayerProgress(0.0);
     // What was loaded before there was a view; the host heard of it then.
@@ -120,26 +127,15 @@ void TQLRCEditorViewCtl::wireButtons()
     wireButton(m_btnRestoreAll, &TQLRCEditorViewCtl::restoreAllClick);
 }
 
-void TQLRCEditorViewCtl::wireButton(QAbstractButton *button, Action action)
+void TQLRCEditorViewCtl::wireButton(QAbstractButton *button, Action operation)
 {
-    connect(button, &QAbstractButton::clicked, this, [this, button, action] {
+    connect(button, &QAbstractButton::clicked, this, [this, button, operation] {
         // A command may let the host destroy us; not before it is done.
         const auto alive = self();
         // The command reloads the table; what is being typed in a cell must not be lost by that.
         commitEditing();
-        ((*alive).*action)(button);
+        ((*alive).*operation)(button);
     });
-}
-
-void TQLRCEditorViewCtl::buildStampShortcuts()
-{
-    for (const QKeySequence &key : {QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)}) {
-        auto *shortcut = new QShortcut(key, view());
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        shortcut->setAutoRepeat(false);
-        // The button itself is clicked, at once: a stamp is exact or it is nothing.
-        connect(shortcut, &QShortcut::activated, m_btnInsertTime, &QAbstractButton::click);
-    }
 }
 
 void TQLRCEditorViewCtl::buildOffsetView()
@@ -175,6 +171,19 @@ void TQLRCEditorViewCtl::refreshBtnsImages()
             button->setIcon(TQLrcUtils::iconNamed(QString::fromLatin1(name), inkOf(*button)));
         }
     }
+}
+
+void TQLRCEditorViewCtl::refreshToolTips()
+{ }
+
+void TQLRCEditorViewCtl::showSource(QObject *sender)
+{
+    Q_UNUSED(sender)
+}
+
+void TQLRCEditorViewCtl::tell(const QString &notice)
+{
+    Q_UNUSED(notice)
 }
 
 QMenu *TQLRCEditorViewCtl::tableRightMenu() const

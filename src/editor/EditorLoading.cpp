@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: MIT
 //
 // How a text gets into the line editor, and back into the item.
+#include "editor/EditorStep.h"
 #include "editor/LyricFile.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "kit/AfterDelay.h"
+#include "kit/TQAlert.h"
+#include "resources/Localized.h"
 #include "shell/contracts/WXEAudioFile.h"
 
+#include <QtWidgets/QFileDialog>
+
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -24,9 +30,13 @@ std::string_view bytes(const QByteArray &text)
 
 void TQLRCEditorViewCtl::flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item)
 {
-    const bool anotherItemsText = item != m_audioFile && m_textIsNewSinceItem;
+    const bool isAnother = item != m_audioFile;
+    const bool anotherItemsText = isAnother && m_textIsNewSinceItem;
     m_audioFile = item;
     m_textIsNewSinceItem = false;
+    if (isAnother) {
+        m_history.clear();
+    }
     if (anotherItemsText) {
         showFirstLine();
     }
@@ -36,6 +46,7 @@ void TQLRCEditorViewCtl::flushWithOriginalSongText(const QByteArray &text)
 {
     m_originSong.buildWithLrcText(bytes(text));
     m_song.buildWithLrcText(bytes(text));
+    m_history.clear();
     m_textIsNewSinceItem = true;
     reloadDataWithLrcChanged();
     showFirstLine();
@@ -43,7 +54,10 @@ void TQLRCEditorViewCtl::flushWithOriginalSongText(const QByteArray &text)
 
 void TQLRCEditorViewCtl::flushWithSongText(const QByteArray &text)
 {
-    m_song.buildWithLrcText(bytes(text));
+    const Step step(*this, localized(QStringLiteral("load lyric")));
+    RBEditSong song;
+    song.buildWithLrcText(bytes(text));
+    changes().replace(std::move(song));
     m_textIsNewSinceItem = true;
     reloadDataWithLrcChanged();
 }
@@ -92,7 +106,8 @@ bool TQLRCEditorViewCtl::serializeToAudioItem()
 void TQLRCEditorViewCtl::importClick(QObject *sender)
 {
     Q_UNUSED(sender)
-    m_song.insertLine_atIndex(RBSongLine::emptyLine(), 0);
+    const Step step(*this, localized(QStringLiteral("new line")));
+    changes().insert(0, RBSongLine::emptyLine());
     reloadDataWithLrcChanged();
     editSoon(1, 0);
 }
@@ -111,6 +126,36 @@ void TQLRCEditorViewCtl::loadWithFileUrl(const QUrl &url)
     const QByteArray text = editor::readUtf8File(url.toLocalFile());
     if (!text.isEmpty()) {
         flushWithSongText(text);
+    }
+}
+
+void TQLRCEditorViewCtl::openLyricFile(QObject *sender)
+{
+    Q_UNUSED(sender)
+    const auto alive = self();
+    const QString path
+        = QFileDialog::getOpenFileName(viewIfLoaded(), localized(QStringLiteral("Open lyric file")),
+            QString(), localized(QStringLiteral("Lyrics (*.lrc *.txt);;All files (*)")));
+    if (path.isEmpty()) {
+        return;
+    }
+    if (editor::readUtf8File(path).isEmpty()) {
+        TQAlert::OK_info(localized(QStringLiteral("This file was not opened.")),
+            localized(QStringLiteral("It is empty, cannot be read, or is not in UTF-8. Save it as UTF-8 and "
+                                     "open it again.")));
+        return;
+    }
+    loadWithFileUrl(QUrl::fromLocalFile(path));
+}
+
+void TQLRCEditorViewCtl::tableView_didDropFiles(MyTableView *tableView, const QStringList &paths)
+{
+    Q_UNUSED(tableView)
+    const auto alive = self();
+    const int before = m_history.stack().index();
+    dropView_didDropFiles(nullptr, paths);
+    if (m_history.stack().index() != before) {
+        tell(localized(QStringLiteral("The dropped lyric is here. Undo brings back the one before it.")));
     }
 }
 

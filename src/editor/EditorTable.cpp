@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The table's side of the line editor: columns, cells, edited cells, selection, refresh.
+#include "editor/EditorStep.h"
 #include "editor/LineColumns.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "editor/TextSplice.h"
@@ -46,6 +47,7 @@ void TQLRCEditorViewCtl::reloadDataWithLrcChanged()
         updateTableColumns();
         m_tableView->reloadData();
     }
+    documentChanged();
     notifyChanged();
 }
 
@@ -78,43 +80,6 @@ QString TQLRCEditorViewCtl::tableView_objectValueForTableColumn_row(
     return line ? editor::cellText(*line, row, identifier) : QString();
 }
 
-kit::CellLook TQLRCEditorViewCtl::tableView_lookOfCell(
-    MyTableView *tableView, const QString &identifier, int row)
-{
-    Q_UNUSED(tableView)
-    const RBSongLine *line = getSongLineAtIndex(row);
-    if (!line) {
-        return {};
-    }
-    const bool isText = identifier == editor::textColumnIdentifier();
-    kit::CellLook look;
-    look.quiet = !isText || line->isOtherTag();
-    look.chip = isText ? editor::chipText(*line) : QString();
-    return look;
-}
-
-bool TQLRCEditorViewCtl::tableView_didPasteText_inColumn_row(
-    MyTableView *tableView, const kit::CellCaret &caret, const QString &pasted)
-{
-    Q_UNUSED(tableView)
-    Q_UNUSED(caret)
-    Q_UNUSED(pasted)
-    return false;
-}
-
-void TQLRCEditorViewCtl::tableView_didDropFiles(MyTableView *tableView, const QStringList &paths)
-{
-    Q_UNUSED(tableView)
-    loadWithFileUrl(QUrl::fromLocalFile(paths.first()));
-}
-
-void TQLRCEditorViewCtl::tableView_didDropText_beforeRow(MyTableView *tableView, const QString &text, int row)
-{
-    Q_UNUSED(tableView)
-    Q_UNUSED(text)
-    Q_UNUSED(row)
-}
-
 void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(
     MyTableView *tableView, const QString &value, const QString &identifier, int row)
 {
@@ -122,37 +87,41 @@ void TQLRCEditorViewCtl::tableView_setObjectValue_forTableColumn_row(
     // The edit belongs to the selected line; in a selection of one row that is the edited row.
     Q_UNUSED(row)
     const auto alive = self();
-    if (editor::isTimeColumn(identifier)) {
-        if (!value.isEmpty() && !RBUtils::isTimeString(value.toStdString())) {
+    if (identifier == editor::textColumnIdentifier()) {
+        editTextCell(value);
+    } else if (editor::isTimeColumn(identifier)) {
+        if (value.isEmpty() || RBUtils::isTimeString(value.toStdString())) {
+            editTimeCell(value, editor::timeIndex(identifier));
+        } else {
             TQAlert::OK_info(
                 localized(QStringLiteral("Please input the right time format[mm:ss.SS]!")), QString());
-        } else if (const auto index = editor::timeIndex(identifier)) {
-            editTimeCell(value, *index);
         }
-    } else if (identifier == editor::textColumnIdentifier()) {
-        editTextCell(value);
     }
+    documentChanged();
     notifyChanged();
 }
 
-void TQLRCEditorViewCtl::editTimeCell(const QString &value, std::size_t timeIndex)
+void TQLRCEditorViewCtl::editTimeCell(const QString &value, std::optional<std::size_t> timeIndex)
 {
-    if (RBSongLine *line = getSelectedLine()) {
-        line->updateWithTimeStr_atIndex(value.toStdString(), static_cast<std::ptrdiff_t>(timeIndex));
+    if (timeIndex) {
+        const Step step(*this, localized(QStringLiteral("edit time")));
+        changes().change(selection().selectedRow, [&value, timeIndex](RBSongLine &line) {
+            line.updateWithTimeStr_atIndex(value.toStdString(), static_cast<std::ptrdiff_t>(*timeIndex));
+        });
     }
 }
 
 void TQLRCEditorViewCtl::editTextCell(const QString &value)
 {
-    RBSongLine *line = getSelectedLine();
-    if (!line) {
-        return;
-    }
-    const std::string_view stored = editor::shownText(*line);
-    // A text that was shown and not touched is not replaced by what could be shown of it.
-    if (value != editor::shownForm(stored)) {
-        line->updateWithText(editor::splicedText(stored, value));
-    }
+    const Step step(*this, localized(QStringLiteral("edit text")));
+    changes().change(selection().selectedRow, [&value](RBSongLine &line) {
+        // A copy: the line lets go of its own while it takes the new one.
+        const std::string stored(editor::shownText(line));
+        // A text that was shown and not touched is not replaced by what could be shown of it.
+        if (value != editor::shownForm(stored)) {
+            line.updateWithText(editor::splicedText(stored, value));
+        }
+    });
 }
 
 void TQLRCEditorViewCtl::tableViewSelectionDidChange(MyTableView *tableView)

@@ -1,42 +1,66 @@
 // SPDX-License-Identifier: MIT
 //
 // Stamping the play position onto lines, and moving the selection while doing so.
+#include "editor/EditorStep.h"
 #include "editor/LineCommands.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "lyrics/Millis.h"
 #include "lyrics/RBUtils.h"
+#include "resources/Localized.h"
 #include "views/RBNoResponseTextFiled.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 // So many rows below the one that was left are kept in view, for the singer's next words.
 constexpr int kLookAheadRows = 6;
+// Long enough to find into the rhythm before the line comes.
+constexpr std::int64_t kRunUpMillis = 2000;
+
+double secondsFromMillis(std::int64_t millis)
+{
+    return static_cast<double>(millis) / 1000.0;
+}
 
 } // namespace
 
-void TQLRCEditorViewCtl::insertTimeTag(QObject *sender)
+void TQLRCEditorViewCtl::stampSelectedLine()
 {
-    Q_UNUSED(sender)
-    const auto alive = self();
     if (const auto parent = parentVC()) {
         parent->tryToPlay();
     }
     tryInsertWithEmpty();
-    if (RBSongLine *line = getSelectedLine()) {
-        const QString position = m_lblTabTime ? m_lblTabTime->text() : QString();
-        editor::stamp(*line, RBUtils::getTimeInterval(position.toStdString()));
+    const QString position = m_lblTabTime ? m_lblTabTime->text() : QString();
+    const std::int64_t millis = RBUtils::getTimeInterval(position.toStdString());
+    if (changes().change(
+            selection().selectedRow, [millis](RBSongLine &line) { editor::stamp(line, millis); })) {
         showThatItStamped();
     }
     reloadDataWithLrcChanged();
+}
+
+void TQLRCEditorViewCtl::insertTimeTag(QObject *sender)
+{
+    Q_UNUSED(sender)
+    const Step step(*this, localized(QStringLiteral("stamp")));
+    stampSelectedLine();
     selectNextLine(false);
+}
+
+void TQLRCEditorViewCtl::insertTimeTagAndStay(QObject *sender)
+{
+    Q_UNUSED(sender)
+    const Step step(*this, localized(QStringLiteral("stamp")));
+    stampSelectedLine();
 }
 
 void TQLRCEditorViewCtl::tryInsertWithEmpty()
 {
     if (m_song.aryLines().empty()) {
-        m_song.insertLine_atIndex(RBSongLine::emptyLine(), 0);
+        const Step step(*this, localized(QStringLiteral("new line")));
+        changes().insert(0, RBSongLine::emptyLine());
         reloadDataWithLrcChanged();
     }
 }
@@ -44,7 +68,7 @@ void TQLRCEditorViewCtl::tryInsertWithEmpty()
 void TQLRCEditorViewCtl::selectNextLine(bool edit)
 {
     Q_UNUSED(edit)
-    const auto alive = self();
+    const Step step(*this, localized(QStringLiteral("new line")));
     const auto selected = m_tableView ? m_tableView->selectedRowRanges() : kit::RowRanges();
     if (selected.empty()) {
         return;
@@ -52,7 +76,7 @@ void TQLRCEditorViewCtl::selectNextLine(bool edit)
     const int last = selected.back().last;
     const int next = last + 1;
     if (const int rows = m_tableView->numberOfRows(); next >= rows) {
-        m_song.insertLine_atIndex(RBSongLine::emptyLine(), static_cast<std::size_t>(rows));
+        changes().insert(static_cast<std::size_t>(rows), RBSongLine::emptyLine());
         reloadDataWithLrcChanged();
     }
     if (m_tableView) {
@@ -85,8 +109,45 @@ void TQLRCEditorViewCtl::selectPrevLine(bool edit)
     }
 }
 
+void TQLRCEditorViewCtl::stepBack(QObject *sender)
+{
+    Q_UNUSED(sender)
+    const auto alive = self();
+    selectPrevLine(false);
+    const RBSongLine *line = editor::lineAt(m_song, selection().selectedRow);
+    if (const auto parent = parentVC(); parent && line && !line->aryTimes().empty()) {
+        parent->seekTo(secondsFromMillis(*std::prev(line->aryTimes().end())));
+    }
+}
+
+void TQLRCEditorViewCtl::playFromLine(QObject *sender)
+{
+    Q_UNUSED(sender)
+    const auto alive = self();
+    int row = selection().selectedRow;
+    while (row > 0 && editor::lineAt(m_song, row)->aryTimes().empty()) {
+        --row;
+    }
+    const RBSongLine *line = editor::lineAt(m_song, row);
+    if (const auto parent = parentVC(); parent && line) {
+        const std::int64_t time = line->aryTimes().firstObject().value_or(0);
+        parent->playFrom(secondsFromMillis(lyrics::shifted(time, -kRunUpMillis)));
+    }
+}
+
+void TQLRCEditorViewCtl::nudge(std::int64_t millis)
+{
+    const auto rows = selection().rows;
+    if (!rows.empty()) {
+        const Step step(*this, localized(QStringLiteral("nudge")));
+        shiftTimes(rows, millis);
+    }
+}
+
 void TQLRCEditorViewCtl::updatePlayerProgress(double seconds)
 {
+    m_positionMillis = lyrics::millisFromSeconds(seconds);
+    updateSungRow();
     if (!m_lblTabTime) {
         return;
     }

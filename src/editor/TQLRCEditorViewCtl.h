@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editor/EditHistory.h"
+#include "editor/LineCommands.h"
+#include "editor/LineProblems.h"
+#include "editor/SungLine.h"
 #include "kit/DropTipView.h"
 #include "kit/MyTableView.h"
 #include "kit/TableDataSource.h"
@@ -8,6 +12,7 @@
 #include "lyrics/RBEditSong.h"
 #include "lyrics/RBSongLine.h"
 #include "shell/contracts/EditorContainer.h"
+#include "shell/contracts/EditorKeys.h"
 #include "shell/contracts/TQLRCEditorViewCtlDelegate.h"
 #include "views/RBNoResponseTextFiled.h"
 
@@ -21,14 +26,20 @@
 #include <memory>
 #include <vector>
 
+class QAction;
 class WXEAudioFile;
+
+namespace editor {
+class EditorActions;
+} // namespace editor
 
 /// The line editor: a table of lyric lines with one column for each time tag, and the commands
 /// on it.
 ///
 /// Holds two documents: `song`, which is shown and edited, and `originSong`, the text as it was
 /// loaded. Every change of the document ends in one `reloadDataWithLrcChanged` or one cell edit,
-/// and both tell the host. All operations work before a view is loaded and without an item.
+/// and both tell the host. All of them can be undone. All operations work before a view is loaded
+/// and without an item.
 class TQLRCEditorViewCtl : public kit::ViewController,
                            public kit::TableDataSource,
                            public MyTableViewDelegate,
@@ -102,10 +113,20 @@ public:
     /// Loads a lyric file (UTF-8) into the working document; a file that is empty, unreadable or
     /// not UTF-8 changes nothing and says nothing.
     void loadWithFileUrl(const QUrl &url);
+    /// Asks for a lyric file and loads it; says so when it cannot be read.
+    void openLyricFile(QObject *sender = nullptr);
 
     // Time tagging
     /// Stamps the position that the label shows onto the selected line and moves on.
     void insertTimeTag(QObject *sender = nullptr);
+    /// Stamps without moving on.
+    void insertTimeTagAndStay(QObject *sender = nullptr);
+    /// Goes up one line and plays from the time that was stamped onto it last.
+    void stepBack(QObject *sender = nullptr);
+    /// Plays from 2 s before the selected line's first time, or that of the nearest timed line above.
+    void playFromLine(QObject *sender = nullptr);
+    /// Moves all times of the selected lines by `millis`.
+    void nudge(std::int64_t millis);
     void tryInsertWithEmpty();
     void selectNextLine(bool edit);
     void selectPrevLine(bool edit);
@@ -122,12 +143,59 @@ public:
     void deleteLineTag(QObject *sender = nullptr);
     void deleteAllTags(QObject *sender = nullptr);
     void restoreAllClick(QObject *sender = nullptr);
+    void deleteClick(QObject *sender = nullptr);
+    void deleteAllClick(QObject *sender = nullptr);
+    void insertLineBefore(QObject *sender = nullptr);
+    void insertLineAfter(QObject *sender = nullptr);
+    void duplicateLine(QObject *sender = nullptr);
+    /// Moves the selected lines by one row; the selection goes with them.
+    void moveLinesUp(QObject *sender = nullptr);
+    void moveLinesDown(QObject *sender = nullptr);
+    /// Makes one line of the selected one and the next, or of all selected ones that stand together.
+    void mergeLines(QObject *sender = nullptr);
+    /// Ends the line whose text is being edited at the caret, and goes on editing what stood behind
+    /// it on a line of its own. Nothing unless a text is being edited.
+    void splitLine(QObject *sender = nullptr);
+
+    // Copy and paste
+    /// Takes copies of the selected lines; other programs get them as LRC text.
+    void copyLinesClick(QObject *sender = nullptr);
+    /// Puts the lines that were copied here below the last selected one.
+    void pasteLinesClick(QObject *sender = nullptr);
+    void copy(QObject *sender = nullptr);
+    void paste(QObject *sender = nullptr);
+    /// Makes lines of the text on the system's clipboard; LRC text keeps its times.
+    void pasteTextAsLines(QObject *sender = nullptr);
+    void selectAll(QObject *sender = nullptr);
+    /// Whether the menu item, named by its objectName as the operation that it runs, can be chosen.
+    [[nodiscard]] bool validateMenuItem(const QAction *item) const;
+
+    // Undo
+    /// Takes back what was done last; lines, selection and scroll position come back.
+    void undo(QObject *sender = nullptr);
+    void redo(QObject *sender = nullptr);
 
     // Offset
     void offsetClick(QObject *sender = nullptr);
     virtual void moveForward(QObject *sender = nullptr);
     /// Shifts every time tag by `seconds`; below 10 ms does nothing.
     void adjustTimeTag(double seconds);
+    /// Asks for an offset of the selected lines and shifts their times.
+    void offsetSelectionClick(QObject *sender = nullptr);
+    /// Shifts the times of the selected lines by `seconds`; below 10 ms does nothing.
+    void adjustSelectedTimeTags(double seconds);
+
+    // Keys
+    /// The command as an action for the host's menus: with its keys, its text ("Undo stamp") and
+    /// whether it can act now. Lives as long as the editor.
+    [[nodiscard]] QAction *action(EditorCommand command) const;
+    [[nodiscard]] const EditorKeys &keys() const { return m_keys; }
+    void setKeys(const EditorKeys &keys);
+    /// Runs the command as its key does: after committing what is being typed.
+    void perform(EditorCommand command);
+    void showKeys(QObject *sender = nullptr);
+    /// Shows the LRC text in the table's place, and the table again.
+    void showSource(QObject *sender = nullptr);
 
     /// Called when the preview gave way to the editor again. Does nothing.
     virtual void resetFristResponderForTextView(QObject *sender);
@@ -174,22 +242,53 @@ protected:
 
 private:
     using Action = void (TQLRCEditorViewCtl::*)(QObject *sender);
+    class Step;
 
     [[nodiscard]] std::shared_ptr<TQLRCEditorViewCtl> self();
     void showThatItStamped();
     void buildOffsetView();
-    void buildStampShortcuts();
+    void buildActions();
+    void refreshActions();
     void wireTable();
     void wireDropTipView();
     void wireButtons();
-    void wireButton(QAbstractButton *button, Action action);
-    void editTimeCell(const QString &value, std::size_t timeIndex);
+    void wireButton(QAbstractButton *button, Action operation);
+    void editTimeCell(const QString &value, std::optional<std::size_t> timeIndex);
     void editTextCell(const QString &value);
     void editSoon(int column, int row);
     void showFirstLine();
+    void loadText(const QByteArray &text, const QString &stepName);
+    void stampSelectedLine();
+    void pressStamp(QObject *sender);
+    void focusOffsetSoon();
+    void refreshToolTips();
+    [[nodiscard]] bool canPerform(EditorCommand command) const;
+    [[nodiscard]] editor::LineSelection selection() const;
+    [[nodiscard]] editor::SongChanges &changes() { return m_history.changes(); }
+    [[nodiscard]] editor::TableState tableState() const;
+    void showState(const editor::TableState &state);
+    void selectLines(const kit::RowRanges &rows);
+    [[nodiscard]] double offsetFromDialog(const QString &message);
+    void shiftTimes(const kit::RowRanges &rows, std::int64_t millis);
+    void tell(const QString &notice);
+    void documentChanged();
+    void showSungRowSoon();
+    void updateSungRow();
+    [[nodiscard]] const std::vector<editor::LineProblem> &problemsOfRow(int row);
+    [[nodiscard]] std::int64_t audioMillis() const;
 
     RBEditSong m_song;
     RBEditSong m_originSong;
+    editor::EditHistory m_history{m_song};
+    editor::SungLine m_sungLine{m_song};
+    // As it is shown; −1 for none.
+    int m_sungRow = -1;
+    bool m_sungRowIsDue = false;
+    std::int64_t m_positionMillis = 0;
+    // Of the row that was asked for last: a row is painted cell by cell.
+    int m_problemRow = -1;
+    std::vector<editor::LineProblem> m_problems;
+    EditorKeys m_keys;
     std::vector<RBSongLine> m_copiedLines;
     std::shared_ptr<WXEAudioFile> m_audioFile;
     std::weak_ptr<TQLRCEditorViewCtlDelegate> m_delegate;
@@ -213,5 +312,6 @@ private:
     QPointer<QAbstractButton> m_btnInsertAlbum;
     QPointer<QLineEdit> m_lblOffsetTime;
     std::unique_ptr<QWidget> m_offsetSetView;
+    std::unique_ptr<editor::EditorActions> m_actions;
     std::unique_ptr<QMenu> m_tableRightMenu;
 };

@@ -56,7 +56,7 @@ void ToolBarFolding::buildMenu()
     if (!m_more) {
         return;
     }
-    m_more->setIcon(TQLrcUtils::iconNamed(QStringLiteral("more")));
+    m_more->setIcon(TQLrcUtils::iconNamed(QStringLiteral("toolbar_more")));
     m_menu = new QMenu(m_more);
     m_menu->setToolTipsVisible(true);
     const QLayout *layout = m_toolBar->layout();

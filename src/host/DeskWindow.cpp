@@ -6,6 +6,7 @@
 #include "media/items/TaggedAudioFile.h"
 #include "media/player/Player.h"
 #include "shell/TQWLRCEditorViewCtl.h"
+#include "shell/contracts/EditorKeys.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
@@ -35,6 +36,7 @@ DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
     setAcceptDrops(true);
     statusBar()->setSizeGripEnabled(false);
     buildFileMenu();
+    buildEditMenu();
     buildPlaybackMenu();
     buildHelpMenu();
     wirePlayer();
@@ -60,15 +62,35 @@ void DeskWindow::buildFileMenu()
     QMenu *menu = menuBar()->addMenu(tr("&File"));
     menu->addAction(tr("&Open song…"), QKeySequence::Open, this, &DeskWindow::chooseSong);
     menu->addAction(tr("Open the &demonstration song"), this, &DeskWindow::openDemonstration);
+    menu->addAction(m_component->action(EditorCommand::OpenLyricFile));
     menu->addSeparator();
     menu->addAction(tr("&Save lyric into the song"), QKeySequence::Save, this, &DeskWindow::save);
     menu->addSeparator();
     menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 }
 
+void DeskWindow::buildEditMenu()
+{
+    using enum EditorCommand;
+    QMenu *menu = menuBar()->addMenu(tr("&Edit"));
+    const std::initializer_list<std::initializer_list<EditorCommand>> groups = {{Undo, Redo},
+        {Copy, Paste, PasteTextAsLines, SelectAll}, {InsertLineBefore, InsertLineAfter, DuplicateLine},
+        {MoveUp, MoveDown, MergeWithNext}, {Untag, DeleteLines}, {OffsetSelection, OffsetAll}, {ShowSource}};
+    for (const auto &group : groups) {
+        for (const EditorCommand command : group) {
+            menu->addAction(m_component->action(command));
+        }
+        menu->addSeparator();
+    }
+    menu->removeAction(menu->actions().constLast());
+}
+
 void DeskWindow::buildPlaybackMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Playback"));
+    menu->addAction(m_component->action(EditorCommand::PlayFromLine));
+    menu->addAction(m_component->action(EditorCommand::StepBack));
+    menu->addSeparator();
     QAction *playOrPause = menu->addAction(tr("&Play or pause"), this, &DeskWindow::playOrPause);
     playOrPause->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Space),
         QKeySequence(Qt::Key_MediaTogglePlayPause), QKeySequence(Qt::Key_MediaPlay)});
@@ -77,6 +99,8 @@ void DeskWindow::buildPlaybackMenu()
 void DeskWindow::buildHelpMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(m_component->action(EditorCommand::ShowKeys));
+    menu->addSeparator();
     menu->addAction(tr("&About lyricdesk"), this, &DeskWindow::showAbout);
 }
 

@@ -51,6 +51,7 @@ protected:
 
 private:
     void buildFileMenu();
+    void buildEditMenu();
     void buildPlaybackMenu();
     void buildHelpMenu();
     void wirePlayer();

@@ -169,6 +169,29 @@ void MyTableView::selectSingleRow(int row)
     horizontalScrollBar()->setValue(across);
 }
 
+void MyTableView::selectRows(const kit::RowRanges &rows, int selectedRow)
+{
+    const QPointer<MyTableView> alive(this);
+    commitEditing();
+    if (!alive) {
+        return;
+    }
+    const HeldReport held(this);
+    selectionModel()->select(kit::wholeRows(rows, *m_model), QItemSelectionModel::ClearAndSelect);
+    const kit::RowRanges selected = selectedRowRanges();
+    const int current
+        = kit::containsRow(selected, selectedRow) ? selectedRow : kit::nearestRow(selected, selectedRow);
+    m_lastAddedRow = current;
+    if (current >= 0) {
+        // The view would scroll to it; the one who selects says what is to be seen.
+        const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+        selectionModel()->setCurrentIndex(
+            m_model->index(current, std::max(0, currentIndex().column())), QItemSelectionModel::NoUpdate);
+        horizontalScrollBar()->setValue(scrolled.x());
+        verticalScrollBar()->setValue(scrolled.y());
+    }
+}
+
 void MyTableView::scrollRowToVisible(int row)
 {
     if (row >= 0 && row < numberOfRows()) {

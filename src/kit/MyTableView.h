@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 
+class MyTableView;
 class QMenu;
 
 namespace kit {
@@ -118,6 +119,9 @@ public:
     [[nodiscard]] std::vector<std::size_t> selectedRowIndexes() const;
     /// Selects `row` alone and makes it the current row; nothing for a row that does not exist.
     void selectSingleRow(int row);
+    /// Selects `rows` alone; `selectedRow`, if it is one of them, counts as added last and is the current
+    /// row. Rows that do not exist are left out; no rows clear the selection.
+    void selectRows(const kit::RowRanges &rows, int selectedRow);
     void scrollRowToVisible(int row);
 
     /// Makes the editors of the columns with `usesTextEditor`; without one they are plain fields.

@@ -86,4 +86,15 @@ void appendDisplayText(std::u16string &out, std::string_view text, std::size_t l
     }
 }
 
+DisplayExtent displayExtent(std::string_view text, std::size_t units)
+{
+    const char *const end = text.data() + text.size();
+    const char *p = text.data();
+    DisplayExtent extent;
+    while (p < end && extent.units < units)
+        extent.units += fitForView(nextCharacter(p, end)) > 0xFFFF ? 2 : 1;
+    extent.bytes = static_cast<std::size_t>(p - text.data());
+    return extent;
+}
+
 } // namespace lyrics

@@ -17,4 +17,18 @@ namespace lyrics {
 void appendDisplayText(
     std::u16string &out, std::string_view text, std::size_t limit = std::numeric_limits<std::size_t>::max());
 
+/// A beginning of a text, in its bytes and in the UTF-16 units of the form in which it is shown.
+struct DisplayExtent
+{
+    std::size_t bytes = 0;
+    std::size_t units = 0;
+};
+
+/// How far the shortest beginning of `text` reaches that is shown in at least `units` UTF-16 units; all of it
+/// when it has no more. No character and no wrong part is torn.
+///
+/// Cost: linear in the bytes of the answer; nothing is written.
+[[nodiscard]] DisplayExtent displayExtent(
+    std::string_view text, std::size_t units = std::numeric_limits<std::size_t>::max());
+
 } // namespace lyrics

@@ -58,6 +58,11 @@ bool RBEditSong::isEqual(const RBEditSong &other) const
     return this == &other || lyrics::equalTogether(m_lines, other.m_lines);
 }
 
+std::vector<std::size_t> RBEditSong::physicalLineStarts() const
+{
+    return lyrics::physicalLineStarts(m_lines, {m_source, m_byteOrderMark, m_lineEnd});
+}
+
 void RBEditSong::insertLine_atIndex(RBSongLine line, std::size_t index)
 {
     const auto at = static_cast<std::ptrdiff_t>(std::min(index, m_lines.size()));

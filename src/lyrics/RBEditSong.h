@@ -45,6 +45,13 @@ public:
     [[nodiscard]] bool isEqual(const RBEditSong &other) const;
     friend bool operator==(const RBEditSong &a, const RBEditSong &b) { return a.isEqual(b); }
 
+    /// Which lines stand where in the text that `updateSongText` makes of them: for each of its physical
+    /// lines, from the first, the index of the first line on it. Ascending; several ID tags that share a
+    /// physical line have one place in it.
+    ///
+    /// Cost: one pass while nothing was edited, otherwise that of `updateSongText`.
+    [[nodiscard]] std::vector<std::size_t> physicalLineStarts() const;
+
     /// Inserts `line` before the line at `index`; `index` equal to the line count appends.
     ///
     /// \param index  from 0. Past the end counts as the end.

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace lyrics {
 namespace {
@@ -29,11 +30,21 @@ bool isJoined(const RBSongLine &line, const RBSongLine &next)
     return LineAccess::joinsNext(line) && LineAccess::joinsPrevious(next);
 }
 
+/// Of the lines from `first` to before `last`, where `first` begins a physical line, those that begin one.
+void appendStarts(std::vector<std::size_t> &starts, Lines lines, std::size_t first, std::size_t last)
+{
+    for (std::size_t i = first; i < last; ++i) {
+        if (i == first || !isJoined(lines[i - 1], lines[i]))
+            starts.push_back(i);
+    }
+}
+
 class Writer
 {
 public:
-    Writer(Lines lines, const SongFrame &frame, ColonReadings allowed)
-        : m_lines(lines), m_lineEnd(frame.lineEnd), m_allowed(allowed),
+    /// \param starts  is told the first line of each physical line; null when nobody asks.
+    Writer(Lines lines, const SongFrame &frame, ColonReadings allowed, std::vector<std::size_t> *starts)
+        : m_lines(lines), m_lineEnd(frame.lineEnd), m_allowed(allowed), m_starts(starts),
           m_sink(frame.source.text().size() + lines.size() * 4 + 256), m_lineWriter(m_sink, allowed)
     {
         m_sink.append(frame.byteOrderMark);
@@ -50,6 +61,7 @@ private:
     [[nodiscard]] std::size_t runEnd(std::size_t first);
     [[nodiscard]] std::size_t groupEnd(std::size_t first) const;
     void writeRun(std::size_t first, std::size_t last);
+    void noteStarts(std::size_t first, std::size_t last);
     void writeGroup(std::size_t first, std::size_t last);
     [[nodiscard]] bool saysTheSame(std::string_view text, std::size_t first, std::size_t last);
     [[nodiscard]] ReadingContext contextOf(std::size_t first, std::size_t last);
@@ -63,6 +75,7 @@ private:
     std::string_view m_lineEnd;
     ColonReadings m_allowed;
     ColonReadings m_copied;
+    std::vector<std::size_t> *m_starts;
     TextSink m_sink;
     LineWriter m_lineWriter;
     /// The first line with which the lyric has begun, once somebody asked.
@@ -158,8 +171,16 @@ void Writer::writeRun(std::size_t first, std::size_t last)
     separate(head);
     const std::size_t begin = m_sink.size();
     m_sink.append({head.data(), length});
+    noteStarts(first, last);
     if (lineEndOf(LineAccess::spelling(m_lines[last - 1])).empty())
         writeLineEnd(last - 1, begin);
+}
+
+/// What is told of lines that keep sharing the physical lines that they share.
+void Writer::noteStarts(std::size_t first, std::size_t last)
+{
+    if (m_starts)
+        appendStarts(*m_starts, m_lines, first, last);
 }
 
 /// Lines that share a physical line go on sharing it if they would be read as the same lines.
@@ -174,6 +195,7 @@ void Writer::writeGroup(std::size_t first, std::size_t last)
         m_lineWriter.write(m_lines[i]);
     if (saysTheSame(m_sink.text().substr(begin), first, last)) {
         writeLineEnd(last - 1, begin);
+        noteStarts(first, last);
         return;
     }
     m_sink.cutTo(begin);
@@ -201,6 +223,8 @@ void Writer::writeLine(std::size_t index)
     const std::size_t begin = m_sink.size();
     m_lineWriter.write(m_lines[index]);
     writeLineEnd(index, begin);
+    if (m_starts)
+        m_starts->push_back(index);
 }
 
 /// \param begin  where in the text the line begins, or the run that it closes.
@@ -274,9 +298,11 @@ ColonReading prevailingColonReading(Lines lines)
 /// A text that was written, and whether its time tags `a:b:c` will be read as what they mean in the lines.
 struct Attempt
 {
-    Attempt(Lines lines, const SongFrame &frame, ColonReadings allowed)
+    Attempt(Lines lines, const SongFrame &frame, ColonReadings allowed, std::vector<std::size_t> *starts)
     {
-        Writer writer(lines, frame, allowed);
+        if (starts)
+            starts->clear();
+        Writer writer(lines, frame, allowed, starts);
         text = writer.write();
         forms = writer.colonForms();
         if (!forms.fraction && !forms.hours)
@@ -290,6 +316,21 @@ struct Attempt
     bool holds = true;
 };
 
+/// The text of lines that are not those of the source; there is one at least.
+BlockRef writeAnew(Lines lines, const SongFrame &frame, std::vector<std::size_t> *starts)
+{
+    Attempt attempt(lines, frame, {true, true}, starts);
+    if (!attempt.holds && attempt.forms.fraction && attempt.forms.hours) {
+        // A text has one reading: lines of another document give way to those that are more.
+        ColonReadings allowed;
+        allowed.add(prevailingColonReading(lines));
+        attempt = Attempt(lines, frame, allowed, starts);
+    }
+    if (!attempt.holds)
+        attempt = Attempt(lines, frame, {}, starts);
+    return std::move(attempt.text);
+}
+
 } // namespace
 
 BlockRef writeSong(Lines lines, const SongFrame &frame)
@@ -298,16 +339,17 @@ BlockRef writeSong(Lines lines, const SongFrame &frame)
         return frame.source;
     if (lines.empty())
         return {};
-    Attempt attempt(lines, frame, {true, true});
-    if (!attempt.holds && attempt.forms.fraction && attempt.forms.hours) {
-        // A text has one reading: lines of another document give way to those that are more.
-        ColonReadings allowed;
-        allowed.add(prevailingColonReading(lines));
-        attempt = Attempt(lines, frame, allowed);
-    }
-    if (!attempt.holds)
-        attempt = Attempt(lines, frame, {});
-    return std::move(attempt.text);
+    return writeAnew(lines, frame, nullptr);
+}
+
+std::vector<std::size_t> physicalLineStarts(Lines lines, const SongFrame &frame)
+{
+    std::vector<std::size_t> starts;
+    if (frame.source && isAsRead(lines, frame))
+        appendStarts(starts, lines, 0, lines.size());
+    else if (!lines.empty())
+        static_cast<void>(writeAnew(lines, frame, &starts));
+    return starts;
 }
 
 } // namespace lyrics

@@ -6,6 +6,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace lyrics {
 
@@ -28,5 +29,11 @@ struct SongFrame
 ///
 /// Cost: one pass over the lines, and a copy of the text.
 [[nodiscard]] BlockRef writeSong(std::span<const RBSongLine> lines, const SongFrame &frame);
+
+/// For each physical line of what `writeSong` makes of `lines`, the index of its first line.
+///
+/// Cost: one pass over lines that are those of the source, otherwise that of `writeSong`.
+[[nodiscard]] std::vector<std::size_t> physicalLineStarts(
+    std::span<const RBSongLine> lines, const SongFrame &frame);
 
 } // namespace lyrics

@@ -36,6 +36,302 @@
         <translation>Hilfeseite öffnen</translation>
     </message>
     <message>
+        <source>Stamp and stay</source>
+        <translation>Stempeln und bleiben</translation>
+    </message>
+    <message>
+        <source>Up one line and play from it</source>
+        <translation>Eine Zeile hinauf und von dort wiedergeben</translation>
+    </message>
+    <message>
+        <source>10 ms earlier</source>
+        <translation>10 ms früher</translation>
+    </message>
+    <message>
+        <source>10 ms later</source>
+        <translation>10 ms später</translation>
+    </message>
+    <message>
+        <source>100 ms earlier</source>
+        <translation>100 ms früher</translation>
+    </message>
+    <message>
+        <source>100 ms later</source>
+        <translation>100 ms später</translation>
+    </message>
+    <message>
+        <source>1 s earlier</source>
+        <translation>1 s früher</translation>
+    </message>
+    <message>
+        <source>1 s later</source>
+        <translation>1 s später</translation>
+    </message>
+    <message>
+        <source>Play from this line</source>
+        <translation>Ab dieser Zeile wiedergeben</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Wiedergeben oder anhalten</translation>
+    </message>
+    <message>
+        <source>Insert line before</source>
+        <translation>Zeile davor einfügen</translation>
+    </message>
+    <message>
+        <source>Insert line after</source>
+        <translation>Zeile danach einfügen</translation>
+    </message>
+    <message>
+        <source>Duplicate line</source>
+        <translation>Zeile duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete lines</source>
+        <translation>Zeilen löschen</translation>
+    </message>
+    <message>
+        <source>Delete all lines</source>
+        <translation>Alle Zeilen löschen</translation>
+    </message>
+    <message>
+        <source>Move lines up</source>
+        <translation>Zeilen nach oben schieben</translation>
+    </message>
+    <message>
+        <source>Move lines down</source>
+        <translation>Zeilen nach unten schieben</translation>
+    </message>
+    <message>
+        <source>Join with the next line</source>
+        <translation>Mit der nächsten Zeile verbinden</translation>
+    </message>
+    <message>
+        <source>Split at the text cursor</source>
+        <translation>An der Schreibmarke teilen</translation>
+    </message>
+    <message>
+        <source>Remove times and tags</source>
+        <translation>Zeiten und Angaben entfernen</translation>
+    </message>
+    <message>
+        <source>Remove all times and tags</source>
+        <translation>Alle Zeiten und Angaben entfernen</translation>
+    </message>
+    <message>
+        <source>Make this line the title</source>
+        <translation>Diese Zeile zum Titel machen</translation>
+    </message>
+    <message>
+        <source>Make this line the artist</source>
+        <translation>Diese Zeile zum Interpreten machen</translation>
+    </message>
+    <message>
+        <source>Make this line the album</source>
+        <translation>Diese Zeile zum Album machen</translation>
+    </message>
+    <message>
+        <source>Make this line the editor</source>
+        <translation>Diese Zeile zum Bearbeiter machen</translation>
+    </message>
+    <message>
+        <source>Shift all times…</source>
+        <translation>Alle Zeiten verschieben …</translation>
+    </message>
+    <message>
+        <source>Shift the selected times…</source>
+        <translation>Ausgewählte Zeiten verschieben …</translation>
+    </message>
+    <message>
+        <source>Copy lines</source>
+        <translation>Zeilen kopieren</translation>
+    </message>
+    <message>
+        <source>Paste lines</source>
+        <translation>Zeilen einfügen</translation>
+    </message>
+    <message>
+        <source>Paste text as lines</source>
+        <translation>Text als Zeilen einfügen</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Show the LRC text</source>
+        <translation>LRC-Text anzeigen</translation>
+    </message>
+    <message>
+        <source>Open lyric file…</source>
+        <translation>Liedtextdatei öffnen …</translation>
+    </message>
+    <message>
+        <source>Show all keys</source>
+        <translation>Alle Tasten anzeigen</translation>
+    </message>
+    <message>
+        <source>Times</source>
+        <translation>Zeiten</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>Angaben</translation>
+    </message>
+    <message>
+        <source>Editing</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Lyric</source>
+        <translation>Liedtext</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Num Enter</source>
+        <translation>Num-Eingabe</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Ins</source>
+        <translation>Einfg</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Pos1</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Page up</source>
+        <translation>Bild auf</translation>
+    </message>
+    <message>
+        <source>Page down</source>
+        <translation>Bild ab</translation>
+    </message>
+    <message>
+        <source>Meta</source>
+        <translation>Meta</translation>
+    </message>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>%1 s earlier than the line above</source>
+        <translation>%1 s früher als die Zeile darüber</translation>
+    </message>
+    <message>
+        <source>%1 s later than the line below</source>
+        <translation>%1 s später als die Zeile darunter</translation>
+    </message>
+    <message>
+        <source>The same text at the same time as the line above</source>
+        <translation>Derselbe Text zur selben Zeit wie in der Zeile darüber</translation>
+    </message>
+    <message>
+        <source>This time stands on the line twice</source>
+        <translation>Diese Zeit steht zweimal in der Zeile</translation>
+    </message>
+    <message>
+        <source>More than three lines at the same time</source>
+        <translation>Mehr als drei Zeilen zur selben Zeit</translation>
+    </message>
+    <message>
+        <source>Nothing comes for %1 s after this line</source>
+        <translation>Nach dieser Zeile kommt %1 s lang nichts</translation>
+    </message>
+    <message>
+        <source>Past the end of the song (%1)</source>
+        <translation>Hinter dem Ende des Liedes (%1)</translation>
+    </message>
+    <message>
+        <source>Empty, like the line above</source>
+        <translation>Leer wie die Zeile darüber</translation>
+    </message>
+    <message>
+        <source>Empty %1 s after the line above</source>
+        <translation>Leer schon %1 s nach der Zeile darüber</translation>
+    </message>
+    <message>
+        <source>Empty only %1 s before the next line</source>
+        <translation>Leer erst %1 s vor der nächsten Zeile</translation>
+    </message>
+    <message>
+        <source>Keys of the editor</source>
+        <translation>Tasten des Editors</translation>
+    </message>
+    <message>
+        <source>Search for a command or a key</source>
+        <translation>Nach einem Befehl oder einer Taste suchen</translation>
+    </message>
+    <message>
+        <source>Search commands and keys</source>
+        <translation>Befehle und Tasten durchsuchen</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>no key</source>
+        <translation>keine Taste</translation>
+    </message>
+    <message>
+        <source>No command is called that.</source>
+        <translation>Kein Befehl heißt so.</translation>
+    </message>
+    <message>
+        <source>Commands and their keys</source>
+        <translation>Befehle und ihre Tasten</translation>
+    </message>
+    <message>
         <source>Please input the right time format[mm:ss.SS]!</source>
         <translation>Bitte geben Sie die Zeit im Format [mm:ss.SS] ein!</translation>
     </message>
@@ -226,6 +522,162 @@
     <message>
         <source>More commands</source>
         <translation>Weitere Befehle</translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>%1 rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>%1 wiederholen</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Merkmal</translation>
+    </message>
+    <message>
+        <source>edit time</source>
+        <translation>Änderung der Zeit</translation>
+    </message>
+    <message>
+        <source>edit text</source>
+        <translation>Änderung des Textes</translation>
+    </message>
+    <message>
+        <source>Set offset of the time labels of the selected lines: (positive forward, negative backward)</source>
+        <translation>Zeiten der ausgewählten Zeilen verschieben (positiv: später, negativ: früher)</translation>
+    </message>
+    <message>
+        <source>offset</source>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>offset of selected lines</source>
+        <translation>Versatz der ausgewählten Zeilen</translation>
+    </message>
+    <message>
+        <source>1 time would have been before the start: it is 00:00.00 now.</source>
+        <translation>1 Zeit läge vor dem Anfang: sie ist jetzt 00:00.00.</translation>
+    </message>
+    <message>
+        <source>%1 times would have been before the start: they are 00:00.00 now.</source>
+        <translation>%1 Zeiten lägen vor dem Anfang: sie sind jetzt 00:00.00.</translation>
+    </message>
+    <message>
+        <source>stamp</source>
+        <translation>Zeitstempel</translation>
+    </message>
+    <message>
+        <source>new line</source>
+        <translation>neue Zeile</translation>
+    </message>
+    <message>
+        <source>nudge</source>
+        <translation>Verschieben der Zeit</translation>
+    </message>
+    <message>
+        <source>paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>paste text</source>
+        <translation>Einfügen von Text</translation>
+    </message>
+    <message>
+        <source>There is no text on the clipboard.</source>
+        <translation>In der Zwischenablage ist kein Text.</translation>
+    </message>
+    <message>
+        <source>drop text</source>
+        <translation>Ablegen von Text</translation>
+    </message>
+    <message>
+        <source>delete line</source>
+        <translation>Löschen der Zeile</translation>
+    </message>
+    <message>
+        <source>delete %1 lines</source>
+        <translation>Löschen von %1 Zeilen</translation>
+    </message>
+    <message>
+        <source>delete all lines</source>
+        <translation>Löschen aller Zeilen</translation>
+    </message>
+    <message>
+        <source>duplicate</source>
+        <translation>Verdoppeln</translation>
+    </message>
+    <message>
+        <source>move up</source>
+        <translation>Bewegen nach oben</translation>
+    </message>
+    <message>
+        <source>move down</source>
+        <translation>Bewegen nach unten</translation>
+    </message>
+    <message>
+        <source>merge</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>split</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>load lyric</source>
+        <translation>Laden des Liedtextes</translation>
+    </message>
+    <message>
+        <source>Open lyric file</source>
+        <translation>Liedtextdatei öffnen</translation>
+    </message>
+    <message>
+        <source>Lyrics (*.lrc *.txt);;All files (*)</source>
+        <translation>Liedtexte (*.lrc *.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>This file was not opened.</source>
+        <translation>Diese Datei wurde nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>It is empty, cannot be read, or is not in UTF-8. Save it as UTF-8 and open it again.</source>
+        <translation>Sie ist leer, nicht lesbar oder nicht in UTF-8. Speichern Sie sie als UTF-8 und öffnen Sie sie noch einmal.</translation>
+    </message>
+    <message>
+        <source>The dropped lyric is here. Undo brings back the one before it.</source>
+        <translation>Der abgelegte Liedtext ist da. Rückgängig bringt den vorigen zurück.</translation>
+    </message>
+    <message>
+        <source>tag</source>
+        <translation>Merkmal</translation>
+    </message>
+    <message>
+        <source>untag</source>
+        <translation>Entfernen der Zeiten</translation>
+    </message>
+    <message>
+        <source>untag all</source>
+        <translation>Entfernen aller Zeiten</translation>
+    </message>
+    <message>
+        <source>restore</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>LRC source</source>
+        <translation>LRC-Quelltext</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
     </message>
 </context>
 </TS>

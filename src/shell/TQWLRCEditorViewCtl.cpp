@@ -204,6 +204,21 @@ QByteArray TQWLRCEditorViewCtl::songText()
     return editorViewCtl()->songText();
 }
 
+QAction *TQWLRCEditorViewCtl::action(EditorCommand command)
+{
+    return editorViewCtl()->action(command);
+}
+
+EditorKeys TQWLRCEditorViewCtl::keys()
+{
+    return editorViewCtl()->keys();
+}
+
+void TQWLRCEditorViewCtl::setKeys(const EditorKeys &keys)
+{
+    editorViewCtl()->setKeys(keys);
+}
+
 void TQWLRCEditorViewCtl::refreshItemProperties()
 {
     if (m_playerViewCtl) {
@@ -276,6 +291,25 @@ void TQWLRCEditorViewCtl::pressPlayPause(QObject *sender)
     const auto alive = self();
     if (m_playerViewCtl) {
         m_playerViewCtl->PlayPauseClicked(sender);
+    }
+}
+
+void TQWLRCEditorViewCtl::seekTo(double seconds)
+{
+    if (isPlayingCurrent()) {
+        m_mcPlayer->seek(seconds);
+    }
+}
+
+void TQWLRCEditorViewCtl::playFrom(double seconds)
+{
+    const auto alive = self();
+    if (!isPlayingCurrent()) {
+        tryToPlay();
+    }
+    if (isPlayingCurrent()) {
+        m_mcPlayer->seek(seconds);
+        m_mcPlayer->lightPlay();
     }
 }
 

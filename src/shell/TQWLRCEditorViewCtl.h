@@ -3,6 +3,7 @@
 
 #include "kit/ViewController.h"
 #include "shell/contracts/EditorContainer.h"
+#include "shell/contracts/EditorKeys.h"
 #include "shell/contracts/TQAudioPlayerObserver.h"
 #include "shell/contracts/TQAudioPlayerProtocol.h"
 #include "shell/contracts/TQLRCEditorConfig.h"
@@ -11,6 +12,7 @@
 
 #include <memory>
 
+class QAction;
 class RBPreviewViewController;
 class TQLRCEditorMiniPlayerViewCtl;
 class TQLRCEditorViewCtl;
@@ -83,6 +85,13 @@ public:
     [[nodiscard]] std::shared_ptr<TQAudioPlayerProtocol> mcPlayer() const { return m_mcPlayer; }
     void setMcPlayer(std::shared_ptr<TQAudioPlayerProtocol> player) { m_mcPlayer = std::move(player); }
 
+    /// A command of the line editor for the host's menus: with its keys, its text ("Undo stamp") and
+    /// whether it can act now. After the delegate is set; lives as long as the component.
+    [[nodiscard]] QAction *action(EditorCommand command);
+    /// The keys that run the commands; what is set holds from then on.
+    [[nodiscard]] EditorKeys keys();
+    void setKeys(const EditorKeys &keys);
+
     /// Registers with the player exactly when the player holds this item.
     void trytoUpdatePlayerStatus();
     /// `seconds`: the play position, for the children that show it.
@@ -91,6 +100,8 @@ public:
 
     // Called by the children
     void pressPlayPause(QObject *sender) override;
+    void seekTo(double seconds) override;
+    void playFrom(double seconds) override;
     void prPreviewClicked(QObject *sender) override;
     void backFromPreview(QObject *sender) override;
     void previewOffsetClicked(QObject *sender) override;

@@ -433,6 +433,31 @@ TEST(ColonForm, IsRespelledWhereItWouldBeMisread)
     EXPECT_EQ(written(hours), "[58:00.00]a\n[01:00:30]c\n") << "kept where it still means the same";
 }
 
+TEST(PhysicalLines, OfTagsThatShareOneAreOne)
+{
+    EXPECT_THAT(built("").physicalLineStarts(), ElementsAre());
+    EXPECT_THAT(built("\xEF\xBB\xBF").physicalLineStarts(), ElementsAre());
+    RBEditSong song = built("[ti:a][ar:b]\r\n\n[al:c][00:01.00]d\re");
+    EXPECT_THAT(song.physicalLineStarts(), ElementsAre(0, 2, 3, 5));
+    song.insertLine_atIndex(RBSongLine::emptyLine(), 3);
+    EXPECT_THAT(song.physicalLineStarts(), ElementsAre(0, 2, 3, 4, 6));
+    // Between two that shared one: each gets its own.
+    song.insertLine_atIndex(RBSongLine::emptyLine(), 1);
+    EXPECT_THAT(song.physicalLineStarts(), ElementsAre(0, 1, 2, 3, 4, 5, 7));
+}
+
+TEST(PhysicalLines, AreThoseThatAreWritten)
+{
+    RBEditSong song = built("[ti:a][x:y][ar:b]\nc\n");
+    EXPECT_THAT(song.physicalLineStarts(), ElementsAre(0, 3));
+    // A value that does not balance would take the next tag along.
+    song.aryLines()[0].updateWithText("a [");
+    EXPECT_THAT(song.physicalLineStarts(), ElementsAre(0, 1, 2, 3));
+    EXPECT_EQ(written(song), "[ti:a []\n[x:y]\n[ar:b]\nc\n");
+    song.aryLines()[0].updateWithText("z");
+    EXPECT_THAT(song.physicalLineStarts(), ElementsAre(0, 3));
+}
+
 TEST(Equality, StampAndTakeBackMakesEqualAgain)
 {
     RBEditSong a = built("[00:01.00]a\nb\n");

@@ -140,6 +140,26 @@ TEST(DisplayText, IsCutBeforeAPairAndNotInIt)
     EXPECT_EQ(out, u"ab😀");
 }
 
+TEST(DisplayText, IsMeasuredAsItIsShown)
+{
+    using Extent = std::pair<std::size_t, std::size_t>;
+    const auto extent = [](std::string_view text, std::size_t units) {
+        const lyrics::DisplayExtent found = lyrics::displayExtent(text, units);
+        return Extent(found.bytes, found.units);
+    };
+    EXPECT_EQ(extent("abc", 0), Extent(0U, 0U));
+    EXPECT_EQ(extent("abc", 2), Extent(2U, 2U));
+    EXPECT_EQ(extent("abc", 9), Extent(3U, 3U));
+    EXPECT_EQ(extent("走\xFF\xE6\x9D廊", 3), Extent(6U, 3U));
+    // Half a pair is none.
+    EXPECT_EQ(extent("😀c", 1), Extent(4U, 2U));
+    for (std::string_view text : {"", "a\xE2\x80\xA8", "\xED\xA0\x80😀", "\xF0\x9F\x98x\xFF\xC2\x85"}) {
+        std::u16string shown;
+        lyrics::appendDisplayText(shown, text);
+        EXPECT_EQ(extent(text, 99), Extent(text.size(), shown.size())) << text;
+    }
+}
+
 TEST(CurrentLine, IsTheLastThatStartsNotAfterThePosition)
 {
     const RBPreviewSong song = preview("[00:01.00]a\n[00:02.00]b\n[00:02.00]c\n");

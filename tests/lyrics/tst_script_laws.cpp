@@ -3,6 +3,7 @@
 // Random documents of any pieces, edited by random scripts, brackets included.
 #include "lyrics/Generator.h"
 #include "lyrics/LineAccess.h"
+#include "lyrics/LineEnds.h"
 #include "lyrics/SongSupport.h"
 
 #include <gtest/gtest.h>
@@ -186,6 +187,53 @@ TEST(ScriptLaws, EveryLineThatNobodyEditedIsInTheTextWithItsOwnBytes)
         }
     }
     EXPECT_GT(found, std::size_t(kRounds));
+}
+
+/// The physical lines of `text`, without the byte-order mark that the document begins with.
+std::vector<std::string_view> physicalLines(std::string_view text)
+{
+    if (text.starts_with("\xEF\xBB\xBF"))
+        text.remove_prefix(3);
+    std::vector<std::string_view> lines;
+    lyrics::LineEndFinder finder(text.data(), text.data() + text.size());
+    const char *const end = text.data() + text.size();
+    for (const char *p = text.data(); p < end;) {
+        const char *next = finder.lineEnd(finder.textEnd(p));
+        lines.emplace_back(p, static_cast<std::size_t>(next - p));
+        p = next;
+    }
+    return lines;
+}
+
+TEST(ScriptLaws, EveryLineStandsOnThePhysicalLineThatTheDocumentNames)
+{
+    Random random(34);
+    std::size_t shared = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        const std::string source = anySource(random, true);
+        RBEditSong song = built(source);
+        if (!random.oneIn(4))
+            runScript(song, built(anySource(random, true)), random);
+        const std::vector<std::size_t> starts = song.physicalLineStarts();
+        const std::string text = written(song);
+        const std::vector<std::string_view> lines = physicalLines(text);
+        ASSERT_EQ(starts.size(), lines.size())
+            << testing::PrintToString(source) << testing::PrintToString(text);
+        ASSERT_TRUE(starts.empty() || starts.front() == 0);
+        for (std::size_t line = 0; line < starts.size(); ++line) {
+            const std::size_t next = line + 1 < starts.size() ? starts[line + 1] : song.aryLines().size();
+            ASSERT_LT(starts[line], next);
+            std::size_t from = 0;
+            for (std::size_t row = starts[line]; row < next; ++row) {
+                const std::string_view said = song.aryLines()[row].lineText();
+                const std::size_t at = lines[line].find(said, from);
+                ASSERT_NE(at, std::string_view::npos) << row << testing::PrintToString(text);
+                from = at + said.size();
+            }
+            shared += next - starts[line] - 1;
+        }
+    }
+    EXPECT_GT(shared, std::size_t(kRounds / 10));
 }
 
 TEST(ScriptLaws, ATypedTextLeavesTheColonFormsOfEveryOtherLine)

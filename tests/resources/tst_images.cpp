@@ -13,7 +13,9 @@ namespace {
 
 const QStringList kNames{"tag_title_gray", "tag_time_gray", "tag_artist_gray", "tag_editby_grah",
     "tag_deleteline_gray", "tag_clearall_gray", "credit-offset", "tag_restore_all", "tag_album_insert",
-    "play", "pause", "more", "text_align_left", "text_align_center", "text_align_right", "preview"};
+    "play", "pause", "text_align_left", "text_align_center", "text_align_right", "preview", "close",
+    "view_source", "toolbar_more", "undo", "redo", "lyric_search", "keyboard", "line_insert", "line_delete",
+    "line_duplicate", "open_file"};
 
 bool hasOpaquePixels(const QImage &image)
 {

@@ -186,6 +186,8 @@ class Container final : public EditorContainer
 public:
     bool tryToPlay() override { return note("tryToPlay", nullptr); }
     void pressPlayPause(QObject *by) override { note("pressPlayPause", by); }
+    void seekTo(double seconds) override { told.append(QStringLiteral("seekTo %1").arg(seconds)); }
+    void playFrom(double seconds) override { told.append(QStringLiteral("playFrom %1").arg(seconds)); }
     void flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item) override
     {
         note("flushWithAudioItem", nullptr);

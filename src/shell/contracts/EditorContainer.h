@@ -18,6 +18,10 @@ public:
     virtual bool tryToPlay() = 0;
     /// Presses the play button of the player strip (`PlayPauseClicked`).
     virtual void pressPlayPause(QObject *sender) = 0;
+    /// Moves the play position to `seconds`, if the player holds the item; plays on if it played.
+    virtual void seekTo(double seconds) = 0;
+    /// Plays the item from `seconds` on; asks the host for it when the player does not hold it.
+    virtual void playFrom(double seconds) = 0;
     /// Shows `item` (null for none) in all children.
     virtual void flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item) = 0;
     /// Puts the preview in the line editor's place.

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+//
+// The commands as keys and menus run them.
+#include "editor/EditorActions.h"
+#include "editor/KeyListDialog.h"
+#include "editor/TQLRCEditorViewCtl.h"
+
+#include <QtWidgets/QAbstractButton>
+
+#include <map>
+
+void TQLRCEditorViewCtl::buildActions()
+{
+    m_actions = std::make_unique<editor::EditorActions>([this](EditorCommand command) { perform(command); },
+        [this](EditorCommand command) { return canPerform(command); });
+    m_actions->setKeys(m_keys);
+    connect(&m_history.stack(), &QUndoStack::indexChanged, this, [this] {
+        m_actions->setStepNames(m_history.stack().undoText(), m_history.stack().redoText());
+        m_actions->refresh();
+    });
+    m_tableRightMenu = m_actions->buildMenu([this](const QAction *item) { return validateMenuItem(item); });
+}
+
+void TQLRCEditorViewCtl::refreshActions()
+{
+    m_actions->refresh();
+}
+
+QAction *TQLRCEditorViewCtl::action(EditorCommand command) const
+{
+    return m_actions->action(command);
+}
+
+void TQLRCEditorViewCtl::setKeys(const EditorKeys &keys)
+{
+    m_keys = keys;
+    m_actions->setKeys(keys);
+    refreshToolTips();
+}
+
+void TQLRCEditorViewCtl::showKeys(QObject *sender)
+{
+    Q_UNUSED(sender)
+    editor::KeyListDialog::run(m_keys, viewIfLoaded());
+}
+
+bool TQLRCEditorViewCtl::canPerform(EditorCommand command) const
+{
+    using enum EditorCommand;
+    switch (command) {
+    case Stamp:
+    case StampAndStay:
+    case PlayOrPause:
+    case OpenLyricFile:
+    case ShowSource:
+    case ShowKeys:
+        return true;
+    case Undo:
+        return m_history.stack().canUndo();
+    case Redo:
+        return m_history.stack().canRedo();
+    case PasteTextAsLines:
+        return true;
+    case RestoreAll:
+        return !m_song.aryLines().empty() || !m_originSong.aryLines().empty();
+    default:
+        return !m_song.aryLines().empty();
+    }
+}
+
+void TQLRCEditorViewCtl::perform(EditorCommand command)
+{
+    using enum EditorCommand;
+    static const std::map<EditorCommand, Action> operations = {
+        {Stamp, &TQLRCEditorViewCtl::pressStamp},
+        {StampAndStay, &TQLRCEditorViewCtl::insertTimeTagAndStay},
+        {StepBack, &TQLRCEditorViewCtl::stepBack},
+        {PlayFromLine, &TQLRCEditorViewCtl::playFromLine},
+        {PlayOrPause, &TQLRCEditorViewCtl::spaceKeyDown},
+        {InsertLineBefore, &TQLRCEditorViewCtl::insertLineBefore},
+        {InsertLineAfter, &TQLRCEditorViewCtl::insertLineAfter},
+        {DuplicateLine, &TQLRCEditorViewCtl::duplicateLine},
+        {DeleteLines, &TQLRCEditorViewCtl::deleteClick},
+        {DeleteAllLines, &TQLRCEditorViewCtl::deleteAllClick},
+        {MoveUp, &TQLRCEditorViewCtl::moveLinesUp},
+        {MoveDown, &TQLRCEditorViewCtl::moveLinesDown},
+        {MergeWithNext, &TQLRCEditorViewCtl::mergeLines},
+        {SplitAtCaret, &TQLRCEditorViewCtl::splitLine},
+        {Untag, &TQLRCEditorViewCtl::deleteFileDown},
+        {UntagAll, &TQLRCEditorViewCtl::deleteAllTags},
+        {MakeTitle, &TQLRCEditorViewCtl::insertTitleTag},
+        {MakeArtist, &TQLRCEditorViewCtl::insertArtistTag},
+        {MakeAlbum, &TQLRCEditorViewCtl::insertAlbumTag},
+        {MakeEditedBy, &TQLRCEditorViewCtl::insertEditedByTag},
+        {OffsetAll, &TQLRCEditorViewCtl::offsetClick},
+        {OffsetSelection, &TQLRCEditorViewCtl::offsetSelectionClick},
+        {RestoreAll, &TQLRCEditorViewCtl::restoreAllClick},
+        {Copy, &TQLRCEditorViewCtl::copy},
+        {Paste, &TQLRCEditorViewCtl::paste},
+        {PasteTextAsLines, &TQLRCEditorViewCtl::pasteTextAsLines},
+        {SelectAll, &TQLRCEditorViewCtl::selectAll},
+        {Undo, &TQLRCEditorViewCtl::undo},
+        {Redo, &TQLRCEditorViewCtl::redo},
+        {ShowSource, &TQLRCEditorViewCtl::showSource},
+        {OpenLyricFile, &TQLRCEditorViewCtl::openLyricFile},
+        {ShowKeys, &TQLRCEditorViewCtl::showKeys},
+    };
+    static const std::map<EditorCommand, std::int64_t> nudges = {
+        {NudgeBack10, -10},
+        {NudgeForward10, 10},
+        {NudgeBack100, -100},
+        {NudgeForward100, 100},
+        {NudgeBack1000, -1000},
+        {NudgeForward1000, 1000},
+    };
+    const auto alive = self();
+    if (command != SplitAtCaret) {
+        // The command reloads the table; what is being typed in a cell must not be lost by that.
+        commitEditing();
+    }
+    if (const auto operation = operations.find(command); operation != operations.end()) {
+        ((*this).*(operation->second))(nullptr);
+    } else if (const auto amount = nudges.find(command); amount != nudges.end()) {
+        nudge(amount->second);
+    }
+}
+
+void TQLRCEditorViewCtl::pressStamp(QObject *sender)
+{
+    // The button itself, at once: it shows that it was pressed, and a stamp is exact or it is nothing.
+    if (m_btnInsertTime) {
+        m_btnInsertTime->click();
+    } else {
+        insertTimeTag(sender);
+    }
+}
