@@ -34,9 +34,8 @@ void TQLRCEditorViewCtl::stampSelectedLine()
     tryInsertWithEmpty();
     const QString position = m_lblTabTime ? m_lblTabTime->text() : QString();
     const std::int64_t millis = RBUtils::getTimeInterval(position.toStdString());
-    if (getSelectedLine()) {
-        changes().change(
-            selection().selectedRow, [millis](RBSongLine &line) { editor::stamp(line, millis); });
+    if (changes().change(
+            selection().selectedRow, [millis](RBSongLine &line) { editor::stamp(line, millis); })) {
         showThatItStamped();
     }
     reloadDataWithLrcChanged();

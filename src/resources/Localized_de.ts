@@ -448,10 +448,6 @@
         <translation>Abspielposition</translation>
     </message>
     <message>
-        <source>Stamp · Enter</source>
-        <translation>Stempeln · Eingabe</translation>
-    </message>
-    <message>
         <source>Make the selected line the title</source>
         <translation>Die gewählte Zeile zum Titel machen</translation>
     </message>
@@ -506,6 +502,14 @@
     <message>
         <source>The line that is heard now</source>
         <translation>Die Zeile, die gerade zu hören ist</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>More commands</source>
+        <translation>Weitere Befehle</translation>
     </message>
     <message>
         <source>Undo %1</source>
@@ -666,14 +670,6 @@
     <message>
         <source>typing</source>
         <translation>Tippen</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Mehr</translation>
-    </message>
-    <message>
-        <source>More commands</source>
-        <translation>Weitere Befehle</translation>
     </message>
     <message>
         <source>Stamp · %1</source>

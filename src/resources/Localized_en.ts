@@ -448,10 +448,6 @@
         <translation>Play position</translation>
     </message>
     <message>
-        <source>Stamp · Enter</source>
-        <translation>Stamp · Enter</translation>
-    </message>
-    <message>
         <source>Make the selected line the title</source>
         <translation>Make the selected line the title</translation>
     </message>
@@ -506,6 +502,14 @@
     <message>
         <source>The line that is heard now</source>
         <translation>The line that is heard now</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>More</translation>
+    </message>
+    <message>
+        <source>More commands</source>
+        <translation>More commands</translation>
     </message>
     <message>
         <source>Undo %1</source>
@@ -666,14 +670,6 @@
     <message>
         <source>typing</source>
         <translation>typing</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>More</translation>
-    </message>
-    <message>
-        <source>More commands</source>
-        <translation>More commands</translation>
     </message>
     <message>
         <source>Stamp · %1</source>

@@ -217,17 +217,6 @@ private Q_SLOTS:
         QVERIFY(!screen.table()->caretInCell());
     }
 
-    void pastedLinesThatNobodyTakesBecomeOne()
-    {
-        EditorOnScreen screen;
-        screen.load("one\n");
-        openText(screen, 0);
-        QGuiApplication::clipboard()->setText(QStringLiteral("zwei\ndrei\n"));
-        QTest::keyClick(screen.field(), Qt::Key_V, Qt::ControlModifier);
-        screen.editor->commitEditing();
-        QCOMPARE(screen.editor->songText(), QByteArray("zwei drei\n"));
-    }
-
     void pastedLinesAreOfferedWithTheCaret()
     {
         const EditorOnScreen forms; // makes the text views known to forms
