@@ -18,6 +18,7 @@ AccentCaret::AccentCaret(TQLRCTextView *view) : QObject(view), m_view(view)
 {
     view->setCursorWidth(0);
     view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
     connect(view, &QTextEdit::cursorPositionChanged, this, &AccentCaret::restart);
     connect(view, &QTextEdit::textChanged, this, &AccentCaret::restart);
 }
@@ -64,6 +65,11 @@ bool AccentCaret::eventFilter(QObject *watched, QEvent *event)
         restart();
     } else if (event->type() == QEvent::FocusOut) {
         hide();
+    } else if (event->type() == QEvent::DragEnter) {
+        // The toolkit's own shows where a dropped text would come to stand.
+        m_view->setCursorWidth(rect().width());
+    } else if (event->type() == QEvent::DragLeave || event->type() == QEvent::Drop) {
+        m_view->setCursorWidth(0);
     }
     return QObject::eventFilter(watched, event);
 }

@@ -35,8 +35,9 @@ public:
     ~SourceView() override;
 
     /// Shows `bytes`. Only the lines that differ are changed: caret, selection and what is on screen stay
-    /// with their lines. Emits neither `sourceEdited` nor anything else for what it changes, but for the
-    /// caret's line.
+    /// with their lines; a caret in an empty
+    /// text stays at its beginning. Emits neither `sourceEdited` nor anything else for what it changes, but
+    /// for the caret's line.
     ///
     /// Whoever made other bytes of the document has called `flushEdits` before reading it; then nothing is
     /// pending here. If something is:

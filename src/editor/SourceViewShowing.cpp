@@ -57,7 +57,12 @@ void SourceView::setSourceText(const QByteArray &bytes)
         Q_EMIT editsDisplaced(m_source.stored());
     }
     m_told = bytes;
+    const bool wasEmpty = document()->isEmpty();
     showLines(m_source.setStored(merged.value_or(bytes)));
+    if (wasEmpty) {
+        // Its one line is found again as the empty one behind the last line end.
+        setTextCursor(QTextCursor(document()));
+    }
     refreshProblems();
 }
 

@@ -6,12 +6,12 @@
 
 namespace support {
 
-/// For a test's init(): every warning fails it, but for what the offscreen platform says at
-/// each show of a window or menu.
+/// For a test's init(): every warning fails it, but for what the offscreen platform says when a
+/// window, a menu or a tooltip opens.
 inline void failOnUnexpectedWarnings()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(
-        "^(?!This plugin does not support (propagateSizeHints|raise|grabbing))")));
+    QTest::failOnWarning(QRegularExpression(
+        QStringLiteral("^(?!This plugin does not support (propagateSizeHints|raise|grabbing))")));
 }
 
 } // namespace support
