@@ -31,7 +31,8 @@ struct Bar
         for (QAbstractButton *button :
             {screen.editor->btnInsertTitle(), screen.editor->btnInsertArtist(),
                 screen.editor->btnInsertAlbum(), screen.editor->btnInsertEditBy(), screen.editor->btnDelCur(),
-                screen.editor->btnDelAll(), screen.editor->btnOffset(), screen.editor->btnRestoreAll()}) {
+                screen.editor->btnDelAll(), screen.editor->btnOffset(), screen.editor->btnRestoreAll(),
+                screen.view->findChild<QAbstractButton *>(QStringLiteral("btnSource"))}) {
             tools.append(qobject_cast<QToolButton *>(button));
         }
         return tools;
