@@ -40,8 +40,8 @@ kit::TableColumn textColumn()
     kit::TableColumn column;
     column.identifier = textColumnIdentifier();
     column.title = localized(QStringLiteral("Text"));
-    column.minimumWidth = 240;
-    column.width = 240;
+    column.minimumWidth = 180;
+    column.width = 180;
     column.maximumWidth = kUnlimitedWidth;
     column.fillsRemainingWidth = true;
     column.usesTextEditor = true;

@@ -320,6 +320,19 @@ void MyTableView::keyPressEvent(QKeyEvent *event)
     QTableView::keyPressEvent(event);
 }
 
+QModelIndex MyTableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    // Rows are what is selected: Home and End go to the first and the last of them, not to a cell.
+    const int column = std::max(0, currentIndex().column());
+    if (action == MoveHome) {
+        return m_model->index(0, column);
+    }
+    if (action == MoveEnd) {
+        return m_model->index(numberOfRows() - 1, column);
+    }
+    return QTableView::moveCursor(action, modifiers);
+}
+
 void MyTableView::mousePressEvent(QMouseEvent *event)
 {
     const HeldReport held(this);

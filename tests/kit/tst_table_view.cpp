@@ -187,6 +187,7 @@ private Q_SLOTS:
     void theDragIsShownAndLeavesNoTrace();
     void draggingTextNearAnEdgeScrolls();
     void draggedWidthsStayWhenColumnsComeAndGo();
+    void homeAndEndGoToTheFirstAndTheLastRow();
 };
 
 void tst_TableView::aRepaintedCellIsAskedForOnce()
@@ -455,6 +456,18 @@ void tst_TableView::draggingTextNearAnEdgeScrolls()
     QVERIFY(support::dragAt(table.view.viewport(), {50, 3}, *text));
     QTRY_COMPARE(bar->value(), 0);
     support::dragOut(table.view.viewport());
+}
+
+void tst_TableView::homeAndEndGoToTheFirstAndTheLastRow()
+{
+    Table table;
+    table.view.selectSingleRow(5);
+    QTest::keyClick(&table.view, Qt::Key_End);
+    QCOMPARE(table.view.selectedRow(), 39);
+    QTest::keyClick(&table.view, Qt::Key_Home);
+    QCOMPARE(table.view.selectedRow(), 0);
+    QTest::keyClick(&table.view, Qt::Key_End, Qt::ShiftModifier);
+    QCOMPARE(table.view.selectedRowRanges(), (kit::RowRanges{{0, 39}}));
 }
 
 void tst_TableView::draggedWidthsStayWhenColumnsComeAndGo()
