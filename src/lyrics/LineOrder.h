@@ -9,6 +9,8 @@
 /// of every line that is not concerned as they are.
 namespace lyrics {
 
+inline constexpr std::size_t kMostBytesExpanded = std::size_t(256) << 20;
+
 /// Makes each line of several times as many lines of one time.
 ///
 /// A line stays where it stands with its earliest time. Each further time becomes a line of its own before
@@ -18,7 +20,9 @@ namespace lyrics {
 /// earliest; at the others they are moved along.
 ///
 /// \return how many lines were added; 0 leaves the document unchanged.
-/// Cost: n log n in the number of times.
+/// Cost: n log n in the number of times, and linear in the bytes that are added. Throws std::length_error
+/// when those would be more than `kMostBytesExpanded`, and leaves the document unchanged: a text of 2 MiB can
+/// hold a line that would be a terabyte.
 std::size_t expandRepeats(RBEditSong &song);
 
 /// Makes lines of equal text one line that has the times of all of them, in the order in which they stood. It
