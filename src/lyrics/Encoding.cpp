@@ -64,25 +64,29 @@ double utf8Share(std::string_view bytes)
     return wrong == 0 ? 1 : static_cast<double>(right) / static_cast<double>(right + wrong);
 }
 
-/// How much the bytes look like Latin letters with accents, which stand alone among others.
+bool isUsualLatin(unsigned byte)
+{
+    return (byte >= 0xC0 && byte != 0xD7 && byte != 0xF7) || (byte >= 0x91 && byte <= 0x97) || byte == 0x85
+        || byte == 0xA0 || byte == 0xA1 || byte == 0xAB || byte == 0xBB || byte == 0xBF;
+}
+
+/// How much the bytes look like Latin letters with accents: they stand alone among others, seldom in pairs.
 double latinScore(std::string_view bytes)
 {
-    const auto at = [bytes](std::size_t i) -> unsigned {
-        return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : ' ';
-    };
     std::size_t high = 0;
-    std::size_t letters = 0;
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const unsigned byte = at(i);
-        if (byte < 0x80)
-            continue;
-        ++high;
-        const bool isUsual = (byte >= 0xC0 && byte != 0xD7 && byte != 0xF7) || (byte >= 0x91 && byte <= 0x97)
-            || byte == 0x85 || byte == 0xA0 || byte == 0xA1 || byte == 0xAB || byte == 0xBB || byte == 0xBF;
-        const bool isAlone = at(i + 1) < 0x80 && (i == 0 || at(i - 1) < 0x80);
-        letters += isUsual && isAlone ? 1 : 0;
+    double letters = 0;
+    for (std::size_t i = 0; i < bytes.size();) {
+        std::size_t usual = 0;
+        const std::size_t begin = i;
+        for (; i < bytes.size() && static_cast<unsigned char>(bytes[i]) >= 0x80; ++i)
+            usual += isUsualLatin(static_cast<unsigned char>(bytes[i])) ? 1 : 0;
+        const std::size_t length = i - begin;
+        high += length;
+        if (length == 1 || length == 2)
+            letters += static_cast<double>(usual) / static_cast<double>(length);
+        i += length == 0 ? 1 : 0;
     }
-    return high == 0 ? 0 : 0.9 * static_cast<double>(letters) / static_cast<double>(high);
+    return high == 0 ? 0 : 0.9 * letters / static_cast<double>(high);
 }
 
 } // namespace
