@@ -16,7 +16,7 @@ if(TQLRC_SANITIZE)
     # g++ 12 with sanitizers takes the inside of std::regex for uninitialized.
     target_compile_options(tqlrc_options INTERFACE
         -fsanitize=${TQLRC_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all
-        -Wno-maybe-uninitialized)
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(tqlrc_options INTERFACE -fsanitize=${TQLRC_SANITIZE})
 endif()
 target_compile_definitions(tqlrc_options INTERFACE

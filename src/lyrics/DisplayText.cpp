@@ -1,60 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "lyrics/DisplayText.h"
 
+#include "lyrics/Utf8.h"
+
 namespace lyrics {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 constexpr char16_t kEllipsis = 0x2026;
 
-/// How many bytes follow a lead byte, and the range of the first of them: the well-formed sequences of
-/// Unicode, table 3-7, which leave out overlong forms and surrogates.
-struct Lead
-{
-    int following;
-    unsigned char low;
-    unsigned char high;
-};
-
-Lead leadOf(unsigned char byte)
-{
-    if (byte >= 0xC2 && byte <= 0xDF)
-        return {1, 0x80, 0xBF};
-    if (byte >= 0xE0 && byte <= 0xEF)
-        return {2, static_cast<unsigned char>(byte == 0xE0 ? 0xA0 : 0x80),
-            static_cast<unsigned char>(byte == 0xED ? 0x9F : 0xBF)};
-    if (byte >= 0xF0 && byte <= 0xF4)
-        return {3, static_cast<unsigned char>(byte == 0xF0 ? 0x90 : 0x80),
-            static_cast<unsigned char>(byte == 0xF4 ? 0x8F : 0xBF)};
-    return {0, 0, 0};
-}
-
-/// The character at `p`, which moves behind it.
-char32_t nextCharacter(const char *&p, const char *end)
-{
-    const auto byte = static_cast<unsigned char>(*p++);
-    if (byte < 0x80)
-        return byte;
-    Lead lead = leadOf(byte);
-    if (lead.following == 0)
-        return kReplacement;
-    char32_t character = byte & (0x3FU >> lead.following);
-    for (; lead.following > 0; --lead.following) {
-        const auto next = p < end ? static_cast<unsigned char>(*p) : static_cast<unsigned char>(0);
-        if (next < lead.low || next > lead.high)
-            return kReplacement;
-        character = (character << 6) | (next & 0x3FU);
-        lead.low = 0x80;
-        lead.high = 0xBF;
-        ++p;
-    }
-    return character;
-}
-
 char32_t fitForView(char32_t c)
 {
     if (c == '\t')
         return c;
+    if (c == kWrongCharacter)
+        return kReplacement;
     if (c == 0x2028 || c == 0x2029)
         return ' ';
     const bool isControl = c < 0x20 || (c >= 0x7F && c <= 0x9F);

@@ -67,6 +67,11 @@ struct LineAccess
     static Kind readAs(const RBSongLine &line) { return line.m_flags.readAs; }
     static Kind key(const RBSongLine &line) { return line.m_flags.key; }
     static bool isTagLine(const RBSongLine &line) { return line.isTagLine(); }
+    /// The text is a lyric, in which times are word stamps.
+    static bool canHaveStamps(const RBSongLine &line)
+    {
+        return !line.isTagLine() && line.m_flags.readAs != Kind::OtherTag;
+    }
     static bool joinsNext(const RBSongLine &line) { return line.m_flags.joinsNext; }
     static bool joinsPrevious(const RBSongLine &line) { return line.m_flags.joinsPrevious; }
     static bool isNew(const RBSongLine &line) { return line.m_flags.isNew; }

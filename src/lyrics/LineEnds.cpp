@@ -32,4 +32,16 @@ std::size_t countLineEndBytes(std::string_view text)
     return total;
 }
 
+std::string withoutLineBreaks(std::string_view text)
+{
+    std::string plain;
+    plain.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isPair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+        plain += text[i] == '\n' || text[i] == '\r' ? ' ' : text[i];
+        i += isPair ? 1 : 0;
+    }
+    return plain;
+}
+
 } // namespace lyrics

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace lyrics {
@@ -38,6 +39,9 @@ struct LineEndCount
 
 /// How many bytes of `text` may begin or make up a line end: no text has more line ends than that.
 [[nodiscard]] std::size_t countLineEndBytes(std::string_view text);
+
+/// `text` with one blank for each line break.
+[[nodiscard]] std::string withoutLineBreaks(std::string_view text);
 
 /// Goes from line end to line end. Looks at each byte once for either kind, whatever kinds there are.
 class LineEndFinder

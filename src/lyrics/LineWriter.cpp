@@ -123,7 +123,8 @@ void LineWriter::writeInPlace(const TimeList &times)
     }
 }
 
-/// Times came or went: what is the same from either end keeps its spelling.
+/// Times came or went: what is the same from either end keeps its spelling, and so does what is left between
+/// when times only went.
 void LineWriter::writeWithCommonEnds(const TimeList &times)
 {
     const std::size_t common = std::min(m_tags.size(), times.size());
@@ -136,14 +137,40 @@ void LineWriter::writeWithCommonEnds(const TimeList &times)
     // The blanks before the first tag are those before the line.
     if (head == 0 && !m_tags.empty())
         m_sink.append(between(m_tags.front().gapBegin, m_tags.front().begin));
+    bool isFirst = head == 0;
+    const auto keepOne = [this, &isFirst](const ReadTag &read) {
+        keep(isFirst ? read.begin : read.gapBegin, read);
+        isFirst = false;
+    };
     for (std::size_t i = 0; i < head; ++i)
-        keep(m_tags[i].gapBegin, m_tags[i]);
-    for (std::size_t i = head; i < times.size() - tail; ++i)
-        writeNew(times[i]);
-    for (std::size_t i = m_tags.size() - tail; i < m_tags.size(); ++i) {
-        const bool isFirst = head == 0 && times.size() == tail && i == m_tags.size() - tail;
-        keep(isFirst ? m_tags[i].begin : m_tags[i].gapBegin, m_tags[i]);
+        keepOne(m_tags[i]);
+    const std::span<const ReadTag> tags = std::span(m_tags).subspan(head, m_tags.size() - head - tail);
+    const std::span<const std::int64_t> left(times.begin() + head, times.end() - tail);
+    if (isRowOf(left, tags)) {
+        auto tag = tags.begin();
+        for (const std::int64_t millis : left) {
+            while (!holds(*tag, millis))
+                ++tag;
+            keepOne(*tag++);
+        }
+    } else {
+        for (const std::int64_t millis : left)
+            writeNew(millis);
+        isFirst = false;
     }
+    for (std::size_t i = m_tags.size() - tail; i < m_tags.size(); ++i)
+        keepOne(m_tags[i]);
+}
+
+/// Whether the times are those of some of the tags, in their order.
+bool LineWriter::isRowOf(std::span<const std::int64_t> times, std::span<const ReadTag> tags) const
+{
+    auto next = times.begin();
+    for (const ReadTag &tag : tags) {
+        if (next != times.end() && holds(tag, *next))
+            ++next;
+    }
+    return next == times.end();
 }
 
 void LineWriter::writeTimes(const TimeList &times)

@@ -5,6 +5,8 @@
 #include "lyrics/TextSink.h"
 #include "lyrics/TimeTag.h"
 
+#include <cstdint>
+#include <span>
 #include <vector>
 
 namespace lyrics {
@@ -48,6 +50,7 @@ private:
     void writeTimes(const TimeList &times);
     void writeInPlace(const TimeList &times);
     void writeWithCommonEnds(const TimeList &times);
+    [[nodiscard]] bool isRowOf(std::span<const std::int64_t> times, std::span<const ReadTag> tags) const;
     void keep(const char *begin, const ReadTag &tag);
     void respell(const ReadTag &tag, std::int64_t millis);
     void writeNew(std::int64_t millis);

@@ -3,28 +3,12 @@
 
 #include "lyrics/Blanks.h"
 #include "lyrics/IdTag.h"
+#include "lyrics/LineEnds.h"
 #include "lyrics/RBUtils.h"
 
 #include <algorithm>
 #include <string>
 #include <utility>
-
-namespace {
-
-/// `text` with one blank for each line break.
-std::string withoutLineBreaks(std::string_view text)
-{
-    std::string plain;
-    plain.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isPair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-        plain += text[i] == '\n' || text[i] == '\r' ? ' ' : text[i];
-        i += isPair ? 1 : 0;
-    }
-    return plain;
-}
-
-} // namespace
 
 RBSongLine &RBSongLine::operator=(const RBSongLine &other)
 {
@@ -59,6 +43,9 @@ void RBSongLine::noteTag()
 {
     const Kind readKey = m_flags.readAs == Kind::OtherTag ? Kind::Text : m_flags.readAs;
     m_flags.isRetagged = m_flags.key != readKey || m_flags.isProperty != (readKey != Kind::Text);
+    // A tag line has no word stamps; its text may have them once it is no tag line any more.
+    if (m_flags.stamps == Stamps::None)
+        m_flags.stamps = Stamps::Unknown;
 }
 
 bool RBSongLine::isOtherTag() const
@@ -68,33 +55,40 @@ bool RBSongLine::isOtherTag() const
 
 void RBSongLine::updateWithText(std::string_view newText)
 {
-    const std::string plain = withoutLineBreaks(newText);
+    const std::string plain = lyrics::withoutLineBreaks(newText);
     const std::string_view bare = lyrics::trimmed(plain);
     if (bare != text())
         replaceText(bare);
 }
 
-/// Gives the line a small block of its own: what it was spelled as, with another text. A line of no bytes has
-/// none, so that it is never taken for a piece of a text.
 void RBSongLine::replaceText(std::string_view newText)
+{
+    setBlock(newText, {}, {});
+    m_flags.stamps = Stamps::Unknown;
+    if (m_flags.readAs == Kind::Text || m_flags.readAs == Kind::OtherTag)
+        m_flags.readAs = lyrics::isKnownOtherTag(newText) ? Kind::OtherTag : Kind::Text;
+}
+
+/// Gives the line a small block of its own: what it was spelled as, with another text, between `head` and
+/// `tail`, which are no part of it. A line of no bytes has none, so that it is never taken for a piece of a
+/// text.
+void RBSongLine::setBlock(std::string_view newText, std::string_view head, std::string_view tail)
 {
     const std::string_view before = m_block.text().substr(m_begin, m_textBegin - m_begin);
     const std::string_view after
         = m_block.text().substr(m_textBegin + m_textLength, m_begin + m_length - m_textBegin - m_textLength);
-    lyrics::BlockRef block(lyrics::TextBlock::create(before.size() + newText.size() + after.size()));
+    const std::size_t length = before.size() + newText.size() + after.size();
+    lyrics::BlockRef block(lyrics::TextBlock::create(head.size() + length + tail.size()));
     char *out = block.get()->writableData();
-    out = std::copy(before.begin(), before.end(), out);
-    out = std::copy(newText.begin(), newText.end(), out);
-    std::copy(after.begin(), after.end(), out);
+    for (const std::string_view part : {head, before, newText, after, tail})
+        out = std::copy(part.begin(), part.end(), out);
     // They may lie with the block that is let go.
     m_times.own();
-    m_begin = 0;
-    m_length = static_cast<std::uint32_t>(block.get()->size());
-    m_textBegin = static_cast<std::uint32_t>(before.size());
+    m_begin = static_cast<std::uint32_t>(head.size());
+    m_length = static_cast<std::uint32_t>(length);
+    m_textBegin = static_cast<std::uint32_t>(head.size() + before.size());
     m_textLength = static_cast<std::uint32_t>(newText.size());
     m_block = m_length > 0 ? std::move(block) : lyrics::BlockRef();
-    if (m_flags.readAs == Kind::Text || m_flags.readAs == Kind::OtherTag)
-        m_flags.readAs = lyrics::isKnownOtherTag(newText) ? Kind::OtherTag : Kind::Text;
 }
 
 void RBSongLine::updateWithTimeStr_atIndex(std::string_view newText, std::ptrdiff_t index)

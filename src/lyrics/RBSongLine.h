@@ -75,9 +75,20 @@ public:
     ///              nothing, and neither does what `isTimeString` refuses.
     /// \param index  from 0. Past the last time appends; negative does nothing.
     void updateWithTimeStr_atIndex(std::string_view text, std::ptrdiff_t index);
-    /// Adds `millis` to every time; what would fall below 0 becomes 0, what would leave the range stays at
-    /// its end. An amount of 0 changes nothing.
-    void shiftAllTime(std::int64_t millis) { m_times.shift(millis); }
+    /// Adds `millis` to every time and to every word stamp in the text; what would fall below 0 becomes 0,
+    /// what would leave the range stays at its end. An amount of 0 changes nothing.
+    ///
+    /// Where nothing was stopped so, moving the other way gives the same bytes again. Word stamps keep
+    /// their shape, and get more digits of fraction when the new time needs them.
+    void shiftAllTime(std::int64_t millis)
+    {
+        m_times.shift(millis);
+        if (m_flags.stamps != Stamps::None)
+            shiftStamps(millis, Direction::Forth);
+    }
+    /// Takes back `shiftAllTime(millis)`: subtracts, also to below 0, where a time may have been before.
+    /// Exact unless `lyrics::isShiftCut` said of the line as it was that something would be lost.
+    void shiftBack(std::int64_t millis);
 
     /// The same content: times, text, and the key where it is a tag line. Neither the spelling nor the line
     /// end counts, nor do times that a tag line will not write.
@@ -88,6 +99,16 @@ private:
 
     /// What a line was read as, and the keys of tag lines.
     enum class Kind : std::uint8_t { Text, Title, Artist, Album, EditedBy, OtherTag };
+
+    /// What is known of the word stamps in the text. Found out at the first shift, so that neither reading
+    /// nor any later shift has to look.
+    enum class Stamps : std::uint8_t {
+        Unknown,
+        None,
+        Some,
+        Shifted ///< moved from what the block keeps behind the spelling, see shiftStamps
+    };
+    enum class Direction : std::uint8_t { Forth, Back };
 
     [[nodiscard]] std::string_view text() const
     {
@@ -110,6 +131,9 @@ private:
         m_textLength = other.m_textLength;
     }
     void replaceText(std::string_view text);
+    void setBlock(std::string_view text, std::string_view head, std::string_view tail);
+    void shiftStamps(std::int64_t millis, Direction direction);
+    void lookForStamps();
     [[nodiscard]] bool isTagLine() const { return m_flags.isProperty && m_flags.key != Kind::Text; }
 
     /// What is known of a line besides its bytes.
@@ -129,6 +153,7 @@ private:
         bool colonMeansHours : 1 = false;
         /// One of the times is spelled `a:b:c`.
         bool hasColonForm : 1 = false;
+        Stamps stamps : 2 = Stamps::Unknown;
     };
 
     // The flags lie in what the list leaves free behind itself: lines are many.

@@ -3,6 +3,7 @@
 
 #include "lyrics/Blanks.h"
 #include "lyrics/IdTag.h"
+#include "lyrics/StampText.h"
 #include "lyrics/TimeTag.h"
 
 #include <utility>
@@ -10,17 +11,12 @@
 namespace lyrics {
 namespace {
 
-/// Behind the stamp that begins at `p`; null when none does.
-const char *stampEnd(const char *p, const char *end)
+/// Behind the time tag that begins at `p`, a `[`; null when none does.
+const char *timeTagEnd(const char *p, const char *end)
 {
-    // What `a:b:c` means is settled by the whole document; that it is a stamp is seen here.
-    if (*p == '[') {
-        TimeTag tag;
-        return readTimeTag(p, end, ColonReading::Fraction, tag) ? tag.end : nullptr;
-    }
-    TimeSpelling time;
-    const bool isTime = *p == '<' && readTime(p + 1, end, ColonReading::Fraction, time) && time.hasColon;
-    return isTime && time.end < end && *time.end == '>' ? time.end + 1 : nullptr;
+    // What `a:b:c` means is settled by the whole document; that it is a time is seen here.
+    TimeTag tag;
+    return readTimeTag(p, end, ColonReading::Fraction, tag) ? tag.end : nullptr;
 }
 
 class SpanReader
@@ -52,7 +48,7 @@ private:
     const char *idTagEnd(const char *p)
     {
         IdTag tag;
-        if (p == m_end || *p != '[' || stampEnd(p, m_end) || !readIdTag(p, m_end, tag))
+        if (p == m_end || *p != '[' || timeTagEnd(p, m_end) || !readIdTag(p, m_end, tag))
             return nullptr;
         const char *rest = skipBlanks(tag.end, m_end);
         const bool isKey = tag.isKnown || (!m_found.lyricSeen && (rest == m_end || *rest == '['));
@@ -66,7 +62,7 @@ private:
     const char *readTimes(const char *p)
     {
         while (p < m_end && *p == '[') {
-            const char *end = stampEnd(p, m_end);
+            const char *end = timeTagEnd(p, m_end);
             if (!end)
                 break;
             add(p, end, TagKind::Time);
@@ -77,12 +73,8 @@ private:
 
     void readWordStamps(const char *p)
     {
-        while (p < m_end) {
-            const char *end = *p == '[' || *p == '<' ? stampEnd(p, m_end) : nullptr;
-            if (end)
-                add(p, end, TagKind::Word);
-            p = end ? end : p + 1;
-        }
+        for (StampSpelling stamp; findStamp(p, m_end, ColonReading::Fraction, stamp); p = stamp.end)
+            add(stamp.begin, stamp.end, TagKind::Word);
     }
 
     const char *m_begin;

@@ -10,7 +10,7 @@ namespace lyrics {
 
 enum class TagKind : std::uint8_t {
     Time, ///< one of the times of the line
-    Word, ///< a word or line-end stamp, `[mm:ss.xx]` or `<mm:ss.xx>`, which belongs to the text
+    Word, ///< a word stamp, which belongs to the text; see WordStamps.h
     Id ///< an ID tag, of the four or another
 };
 

@@ -5,8 +5,10 @@
 // pass either: at two mebibytes it would not come back before the test's time is up.
 
 #include "lyrics/CountedNew.h"
+#include "lyrics/Issues.h"
 #include "lyrics/RBPreviewSong.h"
 #include "lyrics/SongSupport.h"
+#include "lyrics/WordStamps.h"
 
 #include <gtest/gtest.h>
 
@@ -84,6 +86,31 @@ TEST_P(HostileText, GrowsNoFasterThanItsSize)
     EXPECT_LE(static_cast<double>(large.allocations), 2.5 * static_cast<double>(small.allocations) + 64);
 }
 
+/// What is done on command only.
+counted::Work commandsOn(const std::string &text)
+{
+    return counted::by([&text] {
+        EXPECT_LE(lyrics::issuesOf(text).size(), 40 * lyrics::kMostIssuesOfOneCode);
+        RBEditSong song = songs::built(text);
+        for (RBSongLine &line : song.aryLines()) {
+            const std::string words = lyrics::wordsOf(line);
+            line.shiftAllTime(7);
+            line.shiftAllTime(-7);
+            lyrics::updateWithWords(line, words + "x");
+        }
+        song.updateSongText();
+    });
+}
+
+TEST_P(HostileText, OnCommandGrowsNoFasterThanItsSize)
+{
+    const counted::Work small = commandsOn(GetParam().text(kMebibyte / 4));
+    const counted::Work large = commandsOn(GetParam().text(kMebibyte / 2));
+    EXPECT_LE(
+        static_cast<double>(large.bytes), 2.5 * static_cast<double>(small.bytes) + 16.0 * double(kMebibyte));
+    EXPECT_LE(static_cast<double>(large.allocations), 2.5 * static_cast<double>(small.allocations) + 64);
+}
+
 TEST_P(HostileText, HasTheLinesThatItHas)
 {
     const std::size_t lines = songs::built(GetParam().text(2 * kMebibyte)).aryLines().size();
@@ -117,7 +144,12 @@ INSTANTIATE_TEST_SUITE_P(All, HostileText,
         repeatedPiece("Separators", "\xE2\x80\xA8\xE2\x80\xA9\xC2\x85", 1),
         repeatedPiece("RightToLeft", "\xE2\x80\xAE", 1), repeatedPiece("TimedLinesOfOneTime", "[00:01]\n", 0),
         repeatedPiece("FallingRepeats", "[00:09][00:08][00:07]x\n", 0),
-        repeatedPiece("TagAndTextOnEachLine", "[ti:x][00:01]y\n", 0)),
+        repeatedPiece("TagAndTextOnEachLine", "[ti:x][00:01]y\n", 0),
+        around("WordStamps", "[00:01.00]", "<00:01.00>a", "", 1),
+        repeatedPiece("WordStampsOnEachLine", "[00:01.00]<00:01.00>a\n", 0),
+        around("OpenWordStamps", "x", "<00:01", "", 1), around("NearlyTimes", "x", "[1:1", "", 1),
+        repeatedPiece("OffsetTags", "[offset:x]\n", 0), around("LongStampInAText", "x<", "0", ":00.00>y", 1),
+        repeatedPiece("ManyWords", "a b ", 1)),
     [](const auto &hostile) { return hostile.param.name; });
 
 TEST(HostileNumbers, AreText)
