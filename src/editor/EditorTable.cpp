@@ -120,14 +120,8 @@ void TQLRCEditorViewCtl::editTimeCell(const QString &value, std::optional<std::s
 void TQLRCEditorViewCtl::editTextCell(const QString &value)
 {
     const Step step(*this, localized(QStringLiteral("edit text")));
-    changes().change(selection().selectedRow, [&value](RBSongLine &line) {
-        // A copy: the line lets go of its own while it takes the new one.
-        const std::string stored(editor::shownText(line));
-        // A text that was shown and not touched is not replaced by what could be shown of it.
-        if (value != editor::shownForm(stored)) {
-            line.updateWithText(editor::splicedText(stored, value));
-        }
-    });
+    changes().change(
+        selection().selectedRow, [&value](RBSongLine &line) { editor::updateShownWords(line, value); });
 }
 
 void TQLRCEditorViewCtl::tableViewSelectionDidChange(MyTableView *tableView)

@@ -114,14 +114,18 @@ std::optional<kit::RowRange> pasteIntoText(
             ? placed(changes, row, 1, std::move(lines))
             : placed(changes, row + 1, 0, std::move(lines));
     }
-    const std::string stored(shownText(*line));
+    // The words on either side of the caret, with the stamps that are theirs.
     RBSongLine first = line->copy();
-    const std::string firstText = splicedText(stored, before) + std::string(lines.front().lineText());
-    const std::string end = splicedText(stored, after);
+    updateShownWords(first, before);
+    std::string opening(shownText(first));
+    opening += before.endsWith(QLatin1Char(' ')) ? " " : "";
+    opening += lines.front().lineText();
+    std::string end = after.startsWith(QLatin1Char(' ')) ? " " : "";
+    end += lineOfWords(*line, after).lineText();
     if (lines.size() == 1) {
-        first.updateWithText(firstText + end);
+        first.updateWithText(opening + end);
     } else {
-        first.updateWithText(firstText);
+        first.updateWithText(opening);
         lines.back().updateWithText(std::string(lines.back().lineText()) + end);
     }
     lines.front() = std::move(first);

@@ -5,6 +5,7 @@
 #include "lyrics/RBEditSong.h"
 #include "lyrics/RBSongLine.h"
 #include "lyrics/RBUtils.h"
+#include "lyrics/WordStamps.h"
 #include "resources/Localized.h"
 
 #include <algorithm>
@@ -116,6 +117,19 @@ std::string_view shownText(const RBSongLine &line)
     return line.isProperty() ? line.displayText() : line.lineText();
 }
 
+std::string shownWords(const RBSongLine &line)
+{
+    return lyrics::hasWordStamps(line) ? lyrics::wordsOf(line) : std::string(shownText(line));
+}
+
+void updateShownWords(RBSongLine &line, const QString &typed)
+{
+    const std::string words = shownWords(line);
+    if (typed != shownForm(words)) {
+        lyrics::updateWithWords(line, splicedText(words, typed));
+    }
+}
+
 QString chipText(const RBSongLine &line)
 {
     const std::string_view key = line.isProperty() ? line.propertyStr() : std::string_view();
@@ -128,7 +142,10 @@ QString chipText(const RBSongLine &line)
     if (key == "al") {
         return localized(QStringLiteral("Album"));
     }
-    return key == "by" ? localized(QStringLiteral("Edited by")) : QString();
+    if (key == "by") {
+        return localized(QStringLiteral("Edited by"));
+    }
+    return lyrics::hasWordStamps(line) ? localized(QStringLiteral("Words")) : QString();
 }
 
 QString cellText(const RBSongLine &line, int row, QStringView identifier)
@@ -137,7 +154,7 @@ QString cellText(const RBSongLine &line, int row, QStringView identifier)
         return QString::number(row + 1);
     }
     if (identifier == textColumnIdentifier()) {
-        return shownForm(shownText(line));
+        return shownForm(shownWords(line));
     }
     const auto index = timeIndex(identifier);
     const auto &times = line.aryTimes();

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -31,8 +32,13 @@ namespace editor {
 /// Index from 0 of a time column's times: "time12" gives 11. Nothing for what cannot name one.
 [[nodiscard]] std::optional<std::size_t> timeIndex(QStringView identifier);
 
-/// What the text column shows of a line: a tag line's value, otherwise the line's text.
+/// A tag line's value, otherwise the line's text with its word stamps.
 [[nodiscard]] std::string_view shownText(const RBSongLine &line);
+/// What the text column shows of a line: a tag line's value, otherwise the line's words without stamps.
+[[nodiscard]] std::string shownWords(const RBSongLine &line);
+/// The user's edit of `shownWords`, as the cell has it. A text that was shown and not touched is no change;
+/// bytes that cannot be shown, and the stamps of words that stay, are kept.
+void updateShownWords(RBSongLine &line, const QString &typed);
 /// What a tag line is, in the user's language, for the chip before its value; empty for any other line.
 [[nodiscard]] QString chipText(const RBSongLine &line);
 /// The text of one cell; empty for any other identifier and for a line with fewer times.

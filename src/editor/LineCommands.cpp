@@ -61,6 +61,14 @@ std::string_view jointOf(std::string_view first, std::string_view second)
 
 } // namespace
 
+RBSongLine lineOfWords(const RBSongLine &line, const QString &words)
+{
+    RBSongLine made = RBSongLine::emptyLine();
+    made.updateWithText(shownText(line));
+    updateShownWords(made, words);
+    return made;
+}
+
 void makeTagLine(RBSongLine &line, std::string_view key)
 {
     line.aryTimes().removeAllObjects();
@@ -224,11 +232,9 @@ bool split(SongChanges &changes, int row, const QString &before, const QString &
     if (!line) {
         return false;
     }
-    const std::string stored(shownText(*line));
     RBSongLine first = line->copy();
-    RBSongLine second = RBSongLine::emptyLine();
-    first.updateWithText(splicedText(stored, before));
-    second.updateWithText(splicedText(stored, after));
+    RBSongLine second = lineOfWords(*line, after);
+    updateShownWords(first, before);
     changes.splice(index(row), 1, {std::move(first), std::move(second)});
     return true;
 }

@@ -38,6 +38,9 @@ struct LineSelection
     [[nodiscard]] int lastRow() const { return rows.empty() ? -1 : rows.back().last; }
 };
 
+/// An untimed line with those of the words of `line` that `words`, a part of what its cell shows, has.
+[[nodiscard]] RBSongLine lineOfWords(const RBSongLine &line, const QString &words);
+
 /// Null for a row that names no line.
 [[nodiscard]] const RBSongLine *lineAt(const RBEditSong &song, int row);
 

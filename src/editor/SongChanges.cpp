@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editor/SongChanges.h"
 
-#include "lyrics/TimeList.h"
+#include "lyrics/WordStamps.h"
 
 #include <algorithm>
 
@@ -9,21 +9,12 @@ namespace editor {
 
 namespace {
 
-// Notes the times of `line` that moving by `millis` would not move by the whole amount.
-std::size_t noteCuts(
-    const RBSongLine &line, std::size_t row, std::int64_t millis, std::vector<TimesShifted::Cut> &cuts)
+// How many times of `line` moving by `millis` would bring below 0.
+std::size_t timesBelowZero(const RBSongLine &line, std::int64_t millis)
 {
-    std::size_t belowZero = 0;
     const auto &times = line.aryTimes();
-    for (std::size_t index = 0; index < times.size(); ++index) {
-        const std::int64_t moved = lyrics::shifted(times[index], millis);
-        std::int64_t back = 0;
-        if (__builtin_sub_overflow(moved, millis, &back) || back != times[index]) {
-            cuts.push_back({row, index, times[index]});
-            belowZero += moved == 0 ? 1 : 0;
-        }
-    }
-    return belowZero;
+    return static_cast<std::size_t>(std::count_if(
+        times.begin(), times.end(), [millis](std::int64_t time) { return time >= 0 && millis < -time; }));
 }
 
 } // namespace
@@ -90,8 +81,11 @@ std::size_t SongChanges::shift(const kit::RowRanges &rows, std::int64_t millis)
         for (auto row = static_cast<std::size_t>(range.first); row <= static_cast<std::size_t>(range.last);
              ++row) {
             if (!lines[row].isProperty()) {
-                belowZero += noteCuts(lines[row], row, millis, delta.cuts);
-                hasTimes = hasTimes || !lines[row].aryTimes().empty();
+                if (lyrics::isShiftCut(lines[row], millis)) {
+                    delta.cuts.push_back({row, lines[row]});
+                    belowZero += timesBelowZero(lines[row], millis);
+                }
+                hasTimes = hasTimes || !lines[row].aryTimes().empty() || lyrics::hasWordStamps(lines[row]);
             }
         }
     }

@@ -43,9 +43,8 @@ struct Fits
         const bool hasRows
             = delta.rows.empty() || static_cast<std::size_t>(delta.rows.back().last) < lines.size();
         return hasRows
-            && std::all_of(delta.cuts.begin(), delta.cuts.end(), [this](const TimesShifted::Cut &cut) {
-                   return cut.row < lines.size() && cut.timeIndex < lines[cut.row].aryTimes().size();
-               });
+            && std::all_of(delta.cuts.begin(), delta.cuts.end(),
+                [this](const TimesShifted::Cut &cut) { return cut.row < lines.size(); });
     }
     bool operator()(const SongReplaced & /*delta*/) const { return true; }
 };
@@ -83,18 +82,6 @@ Lines movedFrom(Lines &lines, const std::vector<std::size_t> &rows)
         moved.push_back(std::move(lines[row]));
     }
     return moved;
-}
-
-// Exactly, also where a time was below 0 before: shifting the other way would stop there.
-void shiftBack(RBSongLine &line, std::int64_t millis)
-{
-    if (std::as_const(line).aryTimes().empty()) {
-        return;
-    }
-    for (std::int64_t &time : line.aryTimes()) {
-        // What does not fit is among the cuts, and put right by them.
-        static_cast<void>(__builtin_sub_overflow(time, millis, &time));
-    }
 }
 
 struct Toggle
@@ -138,13 +125,13 @@ struct Toggle
         for (const kit::RowRange &range : delta.rows) {
             for (int row = range.first; row <= range.last; ++row) {
                 if (RBSongLine &line = lines[static_cast<std::size_t>(row)]; !line.isProperty()) {
-                    delta.isDone ? shiftBack(line, delta.millis) : line.shiftAllTime(delta.millis);
+                    delta.isDone ? line.shiftBack(delta.millis) : line.shiftAllTime(delta.millis);
                 }
             }
         }
         if (delta.isDone) {
             for (const TimesShifted::Cut &cut : delta.cuts) {
-                lines[cut.row].aryTimes()[cut.timeIndex] = cut.millis;
+                lines[cut.row] = cut.line;
             }
         }
         delta.isDone = !delta.isDone;

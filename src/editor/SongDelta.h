@@ -52,12 +52,11 @@ struct LinesRotated
 /// Every time of the lines in `rows` that are no tag lines was moved by `millis`.
 struct TimesShifted
 {
-    /// A time that did not move by the whole amount, as it was.
+    /// A line that did not move by the whole amount, as it was.
     struct Cut
     {
         std::size_t row = 0;
-        std::size_t timeIndex = 0;
-        std::int64_t millis = 0;
+        RBSongLine line;
     };
 
     kit::RowRanges rows;

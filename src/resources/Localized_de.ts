@@ -691,5 +691,9 @@
         <source>Take the times and tags off the selected lines</source>
         <translation>Entfernt Zeiten und Merkmale der ausgewählten Zeilen</translation>
     </message>
+    <message>
+        <source>Words</source>
+        <translation>Wörter</translation>
+    </message>
 </context>
 </TS>

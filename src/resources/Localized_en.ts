@@ -691,5 +691,9 @@
         <source>Take the times and tags off the selected lines</source>
         <translation>Take the times and tags off the selected lines</translation>
     </message>
+    <message>
+        <source>Words</source>
+        <translation>Words</translation>
+    </message>
 </context>
 </TS>

@@ -177,6 +177,21 @@ TEST(LineCommands, SplittingKeepsTheTimesOnTheFirstPartAndEveryByte)
     EXPECT_EQ(desk.text(), "[0:1.5] one\xFF\r\ntwo\r\nrest\r\n");
 }
 
+TEST(LineCommands, SplittingTakesTheStampsOfTheWordsAlong)
+{
+    Desk desk("[00:01.00]<00:01.00>one <00:02.00>two <00:03.00>three\n");
+    EXPECT_TRUE(editor::split(desk.changes, 0, QStringLiteral("one "), QStringLiteral("two three")));
+    EXPECT_EQ(desk.text(), "[00:01.00]<00:01.00>one\n<00:02.00>two <00:03.00>three\n");
+}
+
+TEST(LineCommands, PastingIntoAStampedTextKeepsItsStamps)
+{
+    Desk desk("[00:01.00]<00:01.00>one <00:02.00>two\n");
+    ASSERT_TRUE(editor::pasteIntoText(
+        desk.changes, 0, QStringLiteral("one "), QStringLiteral("two"), QStringLiteral("x\ny ")));
+    EXPECT_EQ(desk.text(), "[00:01.00]<00:01.00>one x\ny<00:02.00>two\n");
+}
+
 TEST(LineCommands, WordsFromElsewhereBecomeLinesWithTheDocumentsLineEnds)
 {
     Desk desk("[00:01.00]a\r\n[00:09.00]b\r\n");

@@ -316,6 +316,26 @@ private Q_SLOTS:
         QCOMPARE(screen.text(0), "typed");
         QCOMPARE(screen.times(0), QList<std::int64_t>({0}));
     }
+
+    void wordStampsAreNotShownAndStayWithTheirWords()
+    {
+        EditorOnScreen screen;
+        screen.load("[00:01.00]<00:01.00>hel<00:01.50>lo <00:02.00>you<00:03.00>\n");
+        QCOMPARE(screen.cell("text", 0), QStringLiteral("hello you"));
+        QCOMPARE(screen.editor->tableView_lookOfCell(screen.table(), QStringLiteral("text"), 0).chip,
+            QStringLiteral("Words"));
+        screen.edit("text", 0, QStringLiteral("hello there you"));
+        QCOMPARE(screen.editor->songText(),
+            QByteArray("[00:01.00]<00:01.00>hel<00:01.50>lo there <00:02.00>you<00:03.00>\n"));
+        screen.table()->selectAll();
+        screen.editor->nudge(100);
+        QCOMPARE(screen.editor->songText(),
+            QByteArray("[00:01.10]<00:01.10>hel<00:01.60>lo there <00:02.10>you<00:03.10>\n"));
+        screen.editor->undo();
+        screen.editor->undo();
+        QCOMPARE(screen.editor->songText(),
+            QByteArray("[00:01.00]<00:01.00>hel<00:01.50>lo <00:02.00>you<00:03.00>\n"));
+    }
 };
 
 QTEST_MAIN(LineTable)
