@@ -6,6 +6,7 @@
 
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QMenuBar>
 
 #include <initializer_list>
 #include <utility>
@@ -135,6 +136,7 @@ std::optional<EditorCommand> EditorActions::commandOf(const QAction *action) con
 void EditorActions::refresh()
 {
     const bool isOurs = hasKeyboard();
+    m_hadKeyboard = isOurs;
     for (const auto &[command, action] : m_actions) {
         action->setEnabled(isOurs && !isKeyOfFocus(command) && m_canPerform(command));
     }
@@ -143,6 +145,10 @@ void EditorActions::refresh()
 bool EditorActions::hasKeyboard() const
 {
     const QWidget *focus = QApplication::focusWidget();
+    if (qobject_cast<const QMenuBar *>(focus) || qobject_cast<const QMenu *>(focus)) {
+        // A menu has the keyboard for as long as something is chosen from it, for whoever had it before.
+        return m_hadKeyboard;
+    }
     if (!m_view || !focus || m_view->isAncestorOf(focus)) {
         return true;
     }

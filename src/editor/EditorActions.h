@@ -56,6 +56,7 @@ private:
     CanPerform m_canPerform;
     std::map<EditorCommand, QAction *> m_actions;
     QPointer<QWidget> m_view;
+    bool m_hadKeyboard = true;
 };
 
 } // namespace editor

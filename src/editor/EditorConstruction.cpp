@@ -102,7 +102,14 @@ void TQLRCEditorViewCtl::wireTable()
     m_tableView->setDropInPrompt(localized(QStringLiteral("Drag and drop the lyrics file here or")));
     m_tableView->setReloadDelegate(std::weak_ptr<MyTableViewDelegate>(self()));
     m_tableView->setDataSource(std::weak_ptr<kit::TableDataSource>(self()));
-    m_tableView->setTextEditorFactory([](QWidget *parent) { return new views::CellTextView(parent); });
+    m_tableView->setTextEditorFactory([weak = std::weak_ptr(self())](QWidget *parent) {
+        auto *field = new views::CellTextView(parent);
+        if (const auto editor = weak.lock()) {
+            // In its menu: where its caret stands no other menu knows.
+            field->addAction(editor->action(EditorCommand::SplitAtCaret));
+        }
+        return field;
+    });
     m_tableView->replaceColumnsFrom(0, {editor::numberColumn()});
     m_tableView->replaceColumnsFrom(1, editor::columnsAfterNumber(0));
 }

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 //
 // Copying and pasting lines, within the editor and from other programs.
+#include "editor/CommandTitles.h"
 #include "editor/EditorActions.h"
 #include "editor/EditorStep.h"
 #include "editor/LineClipboard.h"
+#include "editor/LineColumns.h"
 #include "editor/LineCommands.h"
 #include "editor/TQLRCEditorViewCtl.h"
 #include "resources/Localized.h"
@@ -27,6 +29,13 @@ void TQLRCEditorViewCtl::pasteLinesClick(QObject *sender)
     const Step step(*this, localized(QStringLiteral("paste")));
     if (editor::paste(changes(), selection(), m_copiedLines)) {
         reloadDataWithLrcChanged();
+    }
+    const auto keys = m_keys.keys(EditorCommand::PasteTextAsLines);
+    if (m_copiedLines.empty() && !keys.isEmpty()
+        && !QGuiApplication::clipboard()->text().trimmed().isEmpty()) {
+        tell(localized(
+            QStringLiteral("No lines were copied here. %1 makes lines of the text on the clipboard."))
+                 .arg(editor::keyText(keys.first())));
     }
 }
 
@@ -71,7 +80,10 @@ bool TQLRCEditorViewCtl::tableView_didPasteText_inColumn_row(
     commitEditing();
     if (const auto rows = editor::pasteIntoText(changes(), caret.row, caret.before, caret.after, pasted)) {
         reloadDataWithLrcChanged();
-        selectLines({*rows});
+        selectLines({{rows->last, rows->last}});
+        const QString text = tableView_objectValueForTableColumn_row(
+            m_tableView, editor::textColumnIdentifier(), rows->last);
+        typeAt(rows->last, text.endsWith(caret.after) ? text.size() - caret.after.size() : text.size());
     }
     return true;
 }

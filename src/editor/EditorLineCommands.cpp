@@ -102,6 +102,7 @@ void TQLRCEditorViewCtl::splitLine(QObject *sender)
     Q_UNUSED(sender)
     const auto caret = m_tableView ? m_tableView->caretInCell() : std::nullopt;
     if (!caret) {
+        tell(localized(QStringLiteral("A line is split at the caret: edit its text first.")));
         return;
     }
     const Step step(*this, localized(QStringLiteral("split")));
@@ -111,6 +112,6 @@ void TQLRCEditorViewCtl::splitLine(QObject *sender)
     }
     if (m_tableView) {
         m_tableView->editColumn_row_select(m_tableView->numberOfColumns() - 1, caret->row + 1, false);
-        m_tableView->moveCaretInCellToStart();
+        m_tableView->moveCaretInCell(0);
     }
 }

@@ -9,6 +9,7 @@
 #include "resources/Localized.h"
 #include "shell/contracts/WXEAudioFile.h"
 
+#include <QtCore/QFileInfo>
 #include <QtWidgets/QFileDialog>
 
 #include <chrono>
@@ -61,6 +62,9 @@ void TQLRCEditorViewCtl::flushWithSongText(const QByteArray &text)
     changes().replace(std::move(song));
     m_textIsNewSinceItem = true;
     reloadDataWithLrcChanged();
+    if (selection().rows.empty()) {
+        showFirstLine();
+    }
 }
 
 void TQLRCEditorViewCtl::showFirstLine()
@@ -153,11 +157,13 @@ void TQLRCEditorViewCtl::tableView_didDropFiles(MyTableView *tableView, const QS
 {
     Q_UNUSED(tableView)
     const auto alive = self();
-    const int before = m_history.stack().index();
-    dropView_didDropFiles(nullptr, paths);
-    if (m_history.stack().index() != before) {
-        tell(localized(QStringLiteral("The dropped lyric is here. Undo brings back the one before it.")));
+    const QString name = QFileInfo(paths.first()).fileName();
+    if (!editor::isLyricFileName(name) || editor::readUtf8File(paths.first()).isEmpty()) {
+        tell(localized(QStringLiteral("“%1” is no lyric file (.lrc or .txt, in UTF-8).")).arg(name));
+        return;
     }
+    dropView_didDropFiles(nullptr, paths);
+    tell(localized(QStringLiteral("“%1” is here. Undo brings back the lyric before it.")).arg(name));
 }
 
 void TQLRCEditorViewCtl::dropView_didDropFiles(DropTipView *dropView, const QStringList &paths)

@@ -74,6 +74,8 @@ void TQLRCEditorViewCtl::documentChanged()
     m_problemRow = -1;
     m_sungLine.invalidate();
     refreshActions();
+    // What was told was told of the document before.
+    tell({});
     showSungRowSoon();
     if (m_tableView) {
         // What is wrong with a line depends on its neighbours.

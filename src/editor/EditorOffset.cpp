@@ -6,6 +6,7 @@
 #include "editor/TQLRCEditorViewCtl.h"
 #include "kit/AfterDelay.h"
 #include "kit/Alert.h"
+#include "kit/NoticeView.h"
 #include "lyrics/Millis.h"
 #include "resources/Localized.h"
 
@@ -85,6 +86,7 @@ void TQLRCEditorViewCtl::adjustTimeTag(double seconds)
     if (isOffset(seconds)) {
         const Step step(*this, localized(QStringLiteral("offset")));
         shiftTimes(changes().allRows(), lyrics::millisFromSeconds(seconds));
+        tellOffset(seconds);
     }
 }
 
@@ -94,6 +96,7 @@ void TQLRCEditorViewCtl::adjustSelectedTimeTags(double seconds)
     if (isOffset(seconds) && !rows.empty()) {
         const Step step(*this, localized(QStringLiteral("offset of selected lines")));
         shiftTimes(rows, lyrics::millisFromSeconds(seconds));
+        tellOffset(seconds);
     }
 }
 
@@ -106,5 +109,16 @@ void TQLRCEditorViewCtl::shiftTimes(const kit::RowRanges &rows, std::int64_t mil
     } else if (cut > 1) {
         tell(localized(QStringLiteral("%1 times would have been before the start: they are 00:00.00 now."))
                  .arg(cut));
+    }
+}
+
+void TQLRCEditorViewCtl::tellOffset(double seconds)
+{
+    // What was understood of the field: a comma, or a word, ends the number. What was cut matters more.
+    if (NoticeView::currentText(viewIfLoaded()).isEmpty()) {
+        const QString amount = QString::number(std::abs(seconds), 'f', 2);
+        tell((seconds > 0 ? localized(QStringLiteral("The times are %1 s later now."))
+                          : localized(QStringLiteral("The times are %1 s earlier now.")))
+                 .arg(amount));
     }
 }

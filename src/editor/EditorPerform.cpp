@@ -12,6 +12,31 @@
 
 #include <map>
 
+namespace {
+
+// Commands that leave the line where it was being typed in, or take it along.
+bool goesOnTyping(EditorCommand command)
+{
+    using enum EditorCommand;
+    switch (command) {
+    case NudgeBack10:
+    case NudgeForward10:
+    case NudgeBack100:
+    case NudgeForward100:
+    case NudgeBack1000:
+    case NudgeForward1000:
+    case DuplicateLine:
+    case MoveUp:
+    case MoveDown:
+    case MergeWithNext:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
 void TQLRCEditorViewCtl::buildActions()
 {
     m_actions = std::make_unique<editor::EditorActions>([this](EditorCommand command) { perform(command); },
@@ -120,6 +145,11 @@ void TQLRCEditorViewCtl::perform(EditorCommand command)
     if (passToText(command)) {
         return;
     }
+    if (command == SplitAtCaret && isSourceShown()) {
+        // The source splits a line by its own Return; the key that does it elsewhere is free to stamp.
+        command = Stamp;
+    }
+    const auto caret = m_tableView ? m_tableView->caretInCell() : std::nullopt;
     if (command != SplitAtCaret) {
         // The command reloads the table; what is being typed in a cell must not be lost by that.
         commitEditing();
@@ -128,6 +158,17 @@ void TQLRCEditorViewCtl::perform(EditorCommand command)
         ((*this).*(operation->second))(nullptr);
     } else if (const auto amount = nudges.find(command); amount != nudges.end()) {
         nudge(amount->second);
+    }
+    if (caret && goesOnTyping(command)) {
+        typeAt(m_tableView ? m_tableView->selectedRow() : -1, caret->before.size());
+    }
+}
+
+void TQLRCEditorViewCtl::typeAt(int row, qsizetype position)
+{
+    if (m_tableView && row >= 0 && !m_tableView->isEditingCell()) {
+        m_tableView->editColumn_row_select(m_tableView->numberOfColumns() - 1, row, false);
+        m_tableView->moveCaretInCell(position);
     }
 }
 

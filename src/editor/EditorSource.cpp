@@ -28,6 +28,7 @@ void TQLRCEditorViewCtl::showSource(QObject *sender)
         return;
     }
     commitEditing();
+    m_tableView->commitEditing();
     const bool show = !isSourceShown();
     if (show && !m_sourceView) {
         buildSourceView();
@@ -43,6 +44,7 @@ void TQLRCEditorViewCtl::showSource(QObject *sender)
     QWidget *shown = show ? static_cast<QWidget *>(m_sourceView) : m_tableView;
     shown->setFocus();
     action(EditorCommand::ShowSource)->setChecked(show);
+    refreshToolTips();
 }
 
 void TQLRCEditorViewCtl::buildSourceView()
@@ -52,6 +54,10 @@ void TQLRCEditorViewCtl::buildSourceView()
     view()->findChild<QLayout *>(QStringLiteral("layoutEditor"))->addWidget(m_sourceView);
     QWidget::setTabOrder(m_tableView, m_sourceView);
     m_sourceView->setProblemFinder([this](int line) { return problemsOfLine(line); });
+    for (const EditorCommand command :
+        {EditorCommand::Undo, EditorCommand::Redo, EditorCommand::ShowSource}) {
+        m_sourceView->addAction(action(command));
+    }
     connect(m_sourceView, &SourceView::sourceEdited, this, &TQLRCEditorViewCtl::takeSource);
     connect(m_sourceView, &SourceView::caretLineChanged, this, [this] {
         m_history.closeTyping();

@@ -65,7 +65,8 @@ void TQLRCEditorViewCtl::commitEditing()
 {
     const auto alive = self();
     if (m_tableView) {
-        m_tableView->commitEditing();
+        // Who saves goes on typing; a reload closes the cell by itself.
+        m_tableView->commitTypedText();
     }
     if (isSourceShown()) {
         m_sourceView->flushEdits();

@@ -46,7 +46,7 @@ void TQLRCEditorViewCtl::refreshToolTips()
     }
     using enum EditorCommand;
     const std::initializer_list<std::pair<QAbstractButton *, EditorCommand>> buttons = {
-        {m_btnInsertTime, Stamp},
+        {m_btnInsertTime, isSourceShown() ? SplitAtCaret : Stamp},
         {m_btnInsertTitle, MakeTitle},
         {m_btnInsertArtist, MakeArtist},
         {m_btnInsertAlbum, MakeAlbum},
@@ -64,7 +64,8 @@ void TQLRCEditorViewCtl::refreshToolTips()
         button->setToolTip(editor::toolTipWithKey(button->property(kHint).toString(), m_keys, command));
     }
     if (auto *label = view()->findChild<QLabel *>(QStringLiteral("lblStampKey"))) {
-        const auto keys = m_keys.keys(Stamp);
+        // In the source, Return is a line break.
+        const auto keys = m_keys.keys(isSourceShown() ? SplitAtCaret : Stamp);
         label->setText(keys.isEmpty()
                 ? localized(QStringLiteral("Stamp"))
                 : localized(QStringLiteral("Stamp · %1")).arg(editor::keyText(keys.first())));

@@ -50,8 +50,6 @@ void TQLRCEditorViewCtl::showState(const editor::TableState &state)
     }
     if (m_tableView) {
         m_tableView->verticalScrollBar()->setValue(state.scroll);
-        // The window may have another height by now.
-        m_tableView->scrollRowToVisible(m_tableView->selectedRow());
     }
 }
 

@@ -4,6 +4,7 @@
 #include <QtCore/QByteArray>
 
 #include <charconv>
+#include <cmath>
 
 namespace editor {
 
@@ -15,7 +16,8 @@ double leadingNumber(QStringView text)
     }
     double value = 0.0;
     const auto result = std::from_chars(number.begin(), number.end(), value, std::chars_format::fixed);
-    return result.ec == std::errc() ? value : 0.0;
+    // The words for what is no number are no number.
+    return result.ec == std::errc() && std::isfinite(value) ? value : 0.0;
 }
 
 } // namespace editor

@@ -34,4 +34,10 @@ QByteArray readUtf8File(const QString &path)
     return isUtf8(bytes) ? bytes : QByteArray();
 }
 
+bool isLyricFileName(const QString &name)
+{
+    return name.endsWith(QLatin1String(".lrc"), Qt::CaseInsensitive)
+        || name.endsWith(QLatin1String(".txt"), Qt::CaseInsensitive);
+}
+
 } // namespace editor

@@ -11,4 +11,7 @@ namespace editor {
 /// would be read without end) and for a file no lyric is as large as.
 [[nodiscard]] QByteArray readUtf8File(const QString &path);
 
+/// Whether a file of this name is taken for a lyric where it would replace one.
+[[nodiscard]] bool isLyricFileName(const QString &name);
+
 } // namespace editor

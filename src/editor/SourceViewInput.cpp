@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "editor/SourceView.h"
-#include "editor/TextKeys.h"
 #include "kit/DroppedFiles.h"
+#include "kit/TextKeys.h"
 #include "resources/Localized.h"
+#include "views/TextMenu.h"
 
 #include <QtCore/QMimeData>
 #include <QtGui/QContextMenuEvent>
@@ -20,7 +21,7 @@ bool SourceView::event(QEvent *event)
     if (event->type() == QEvent::ShortcutOverride) {
         const auto &key = *static_cast<QKeyEvent *>(event);
         // The base class would claim undo and redo too.
-        event->setAccepted(!editor::isHistoryKey(key) && editor::isTextKey(key));
+        event->setAccepted(!kit::isHistoryKey(key) && kit::isTextKey(key));
         return true;
     }
     const bool isHandled = TQLRCTextView::event(event);
@@ -30,7 +31,7 @@ bool SourceView::event(QEvent *event)
 
 void SourceView::keyPressEvent(QKeyEvent *event)
 {
-    if (editor::isHistoryKey(*event)) {
+    if (kit::isHistoryKey(*event)) {
         event->ignore();
         return;
     }
@@ -82,19 +83,7 @@ void SourceView::commitComposing()
 
 void SourceView::contextMenuEvent(QContextMenuEvent *event)
 {
-    QMenu menu(this);
-    const auto add = [this, &menu](const QString &text, bool isEnabled, auto slot) {
-        QAction *const action = menu.addAction(text, this, slot);
-        action->setEnabled(isEnabled);
-    };
-    const bool hasSelection = textCursor().hasSelection();
-    add(localized(QStringLiteral("Cut")), hasSelection, &QTextEdit::cut);
-    add(localized(QStringLiteral("Copy")), hasSelection, &QTextEdit::copy);
-    add(localized(QStringLiteral("Paste")), canPaste(), &QTextEdit::paste);
-    menu.addSeparator();
-    add(localized(QStringLiteral("Select all")), !document()->isEmpty(), &QTextEdit::selectAll);
-    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
-    menu.exec(isByKey ? viewport()->mapToGlobal(cursorRect().bottomLeft()) : event->globalPos());
+    views::showTextMenu(*this, *event);
 }
 
 QMimeData *SourceView::createMimeDataFromSelection() const

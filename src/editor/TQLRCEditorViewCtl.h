@@ -263,6 +263,7 @@ private:
     void stampSelectedLine();
     void pressStamp(QObject *sender);
     void focusOffsetSoon();
+    void tellOffset(double seconds);
     void refreshToolTips();
     void wireSourceButton();
     [[nodiscard]] bool canPerform(EditorCommand command) const;
@@ -288,6 +289,7 @@ private:
     void moveCaretToSelectedRow();
     [[nodiscard]] QString problemsOfLine(int line);
     [[nodiscard]] bool passToText(EditorCommand command);
+    void typeAt(int row, qsizetype position);
 
     RBEditSong m_song;
     RBEditSong m_originSong;

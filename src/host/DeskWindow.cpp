@@ -75,7 +75,8 @@ void DeskWindow::buildEditMenu()
     QMenu *menu = menuBar()->addMenu(tr("&Edit"));
     const std::initializer_list<std::initializer_list<EditorCommand>> groups = {{Undo, Redo},
         {Copy, Paste, PasteTextAsLines, SelectAll}, {InsertLineBefore, InsertLineAfter, DuplicateLine},
-        {MoveUp, MoveDown, MergeWithNext}, {Untag, DeleteLines}, {OffsetSelection, OffsetAll}, {ShowSource}};
+        {MoveUp, MoveDown, MergeWithNext, SplitAtCaret}, {MakeTitle, MakeArtist, MakeAlbum, MakeEditedBy},
+        {Untag, UntagAll}, {DeleteLines, DeleteAllLines, RestoreAll}, {ShowSource}};
     for (const auto &group : groups) {
         for (const EditorCommand command : group) {
             menu->addAction(m_component->action(command));
@@ -88,9 +89,16 @@ void DeskWindow::buildEditMenu()
 void DeskWindow::buildPlaybackMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Playback"));
-    menu->addAction(m_component->action(EditorCommand::PlayFromLine));
-    menu->addAction(m_component->action(EditorCommand::StepBack));
-    menu->addSeparator();
+    using enum EditorCommand;
+    const std::initializer_list<std::initializer_list<EditorCommand>> groups = {{Stamp, StampAndStay},
+        {StepBack, PlayFromLine}, {NudgeBack10, NudgeForward10, NudgeBack100, NudgeForward100},
+        {NudgeBack1000, NudgeForward1000}, {OffsetSelection, OffsetAll}};
+    for (const auto &group : groups) {
+        for (const EditorCommand command : group) {
+            menu->addAction(m_component->action(command));
+        }
+        menu->addSeparator();
+    }
     QAction *playOrPause = menu->addAction(tr("&Play or pause"), this, &DeskWindow::playOrPause);
     playOrPause->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Space),
         QKeySequence(Qt::Key_MediaTogglePlayPause), QKeySequence(Qt::Key_MediaPlay)});

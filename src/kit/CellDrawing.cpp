@@ -105,9 +105,11 @@ void paintArrow(QPainter *painter, const QRectF &place, const QColor &colour, bo
     painter->drawPolygon(points, 3);
 }
 
-void paintChip(QPainter *painter, const QRect &place, const QString &text, const CellInk &ink)
+void paintChip(
+    QPainter *painter, const QRect &place, const QString &text, const CellInk &ink, bool isSelected)
 {
-    painter->setBrush(ink.theme.chip);
+    // On the ground of a selected row the chip's own would be lost.
+    painter->setBrush(isSelected ? ink.theme.panel : ink.theme.chip);
     painter->drawRoundedRect(place, kChipRadius, kChipRadius);
     painter->setFont(ink.chipFont);
     painter->setPen(ink.chipText);
@@ -147,7 +149,7 @@ void paintMarks(QPainter *painter, const QStyleOptionViewItem &option, const Cel
         paintArrow(painter, parts.current, ink.theme.accentText, isMirrored(option));
     }
     if (!parts.chip.isNull()) {
-        paintChip(painter, parts.chip, look.chip, ink);
+        paintChip(painter, parts.chip, look.chip, ink, option.state.testFlag(QStyle::State_Selected));
     }
     painter->restore();
 }

@@ -2,12 +2,16 @@
 #include "kit/CellEditingDelegate.h"
 
 #include "kit/DataSourceTableModel.h"
+#include "kit/TextKeys.h"
 
+#include <QtGui/QHelpEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QTextDocument>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QToolTip>
 
 #include <limits>
 #include <utility>
@@ -30,7 +34,8 @@ bool isTyping(const QKeyEvent &event)
     const auto commands = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     // Held together they are the third level of some keyboards, and only then a character is typed.
     const bool thirdLevel = commands == (Qt::ControlModifier | Qt::AltModifier);
-    return commands == Qt::NoModifier || (thirdLevel && !event.text().isEmpty() && event.text()[0].isPrint());
+    return commands == Qt::NoModifier || (thirdLevel && !event.text().isEmpty() && event.text()[0].isPrint())
+        || isTextKey(event);
 }
 
 // Of the first character that has one, as text layout goes by; numbers have none.
@@ -244,7 +249,7 @@ void CellEditingDelegate::initStyleOption(QStyleOptionViewItem *option, const QM
 
 void CellEditingDelegate::dress(QStyleOptionViewItem *option, const CellLook &look) const
 {
-    // The row is what is selected; a frame round one cell of it would say otherwise.
+    // The row is what is selected; the style's frame round one cell of it would say otherwise.
     option->state &= ~QStyle::State_HasFocus;
     option->textElideMode = Qt::ElideRight;
     if (look.quiet || look.current) {
@@ -288,7 +293,30 @@ void CellEditingDelegate::paint(
             QRect(option.rect.topLeft(), QSize(kFocusMarkWidth, option.rect.height() - 1)), ink.theme.focus);
     }
     painter->fillRect(QRect(option.rect.bottomLeft(), QSize(option.rect.width(), 1)), ink.theme.line);
+    if (index.column() > 0 && view && view->hasFocus() && index == view->currentIndex()) {
+        // Which cell the key for editing opens.
+        painter->setPen(ink.theme.focus);
+        painter->setBrush(Qt::NoBrush);
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->drawRoundedRect(
+            QRectF(option.rect).adjusted(2.5, 2.5, -2.5, -3.5), kSpacingTiny, kSpacingTiny);
+    }
     painter->restore();
+}
+
+bool CellEditingDelegate::helpEvent(
+    QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (!event || event->type() != QEvent::ToolTip || !index.isValid()
+        || !index.data(Qt::ToolTipRole).toString().isEmpty()) {
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    // What has no room in its cell is read here.
+    const QString text = index.data(Qt::DisplayRole).toString();
+    const bool isCut = option.fontMetrics.horizontalAdvance(text) > option.rect.width() - 2 * kCellMargin;
+    QToolTip::showText(event->globalPos(), isCut ? Qt::convertFromPlainText(text) : QString(), view,
+        view->visualRect(index));
+    return true;
 }
 
 } // namespace kit

@@ -34,8 +34,8 @@ public:
     virtual void selectWholeText() = 0;
     /// Leaves the caret where it is.
     virtual void selectNothing() = 0;
-    /// With nothing selected.
-    virtual void moveCaretToStart() = 0;
+    /// Puts the caret before the character at `position` of `cellText()`, from 0; nothing is selected.
+    virtual void moveCaretTo(qsizetype position) = 0;
 
     /// Where the text stands within the widget: the room at its left and right, and the height of
     /// the row in whose middle the cell draws it. Logical pixels.

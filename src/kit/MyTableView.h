@@ -132,12 +132,14 @@ public:
     [[nodiscard]] bool isEditingCell() const;
     /// Where the caret stands; nothing unless a text editor is open.
     [[nodiscard]] std::optional<kit::CellCaret> caretInCell() const;
-    /// Nothing unless a text editor is open.
-    void moveCaretInCellToStart();
+    /// Before the character at `position`, from 0. Nothing unless a text editor is open.
+    void moveCaretInCell(qsizetype position);
     /// Closes an open cell editor and discards what was typed.
     void abortEditing();
     /// Closes an open cell editor and commits what was typed.
     void commitEditing();
+    /// Commits what was typed so far; the editor stays open.
+    void commitTypedText();
 
 protected:
     using QTableView::edit;

@@ -95,10 +95,10 @@ std::optional<kit::CellCaret> MyTableView::caretInCell() const
         editor->textBeforeSelection(), editor->textAfterSelection()};
 }
 
-void MyTableView::moveCaretInCellToStart()
+void MyTableView::moveCaretInCell(qsizetype position)
 {
     if (kit::CellTextEditor *editor = m_cellDelegate->textEditor()) {
-        editor->moveCaretToStart();
+        editor->moveCaretTo(position);
     }
 }
 
@@ -135,6 +135,11 @@ void MyTableView::commitEditing()
             closeEditor(editor, QAbstractItemDelegate::NoHint);
         }
     }
+}
+
+void MyTableView::commitTypedText()
+{
+    commitData(m_cellDelegate->editor());
 }
 
 void MyTableView::commitData(QWidget *editor)

@@ -695,5 +695,29 @@
         <source>Words</source>
         <translation>Wörter</translation>
     </message>
+    <message>
+        <source>“%1” is no lyric file (.lrc or .txt, in UTF-8).</source>
+        <translation>„%1“ ist keine Liedtextdatei (.lrc oder .txt, in UTF-8).</translation>
+    </message>
+    <message>
+        <source>“%1” is here. Undo brings back the lyric before it.</source>
+        <translation>„%1“ ist da. Rückgängig bringt den Liedtext davor zurück.</translation>
+    </message>
+    <message>
+        <source>The times are %1 s later now.</source>
+        <translation>Die Zeiten sind jetzt %1 s später.</translation>
+    </message>
+    <message>
+        <source>The times are %1 s earlier now.</source>
+        <translation>Die Zeiten sind jetzt %1 s früher.</translation>
+    </message>
+    <message>
+        <source>No lines were copied here. %1 makes lines of the text on the clipboard.</source>
+        <translation>Hier wurden keine Zeilen kopiert. %1 macht aus dem Text der Zwischenablage Zeilen.</translation>
+    </message>
+    <message>
+        <source>A line is split at the caret: edit its text first.</source>
+        <translation>Geteilt wird an der Schreibmarke: erst den Text bearbeiten.</translation>
+    </message>
 </context>
 </TS>

@@ -695,5 +695,29 @@
         <source>Words</source>
         <translation>Words</translation>
     </message>
+    <message>
+        <source>“%1” is no lyric file (.lrc or .txt, in UTF-8).</source>
+        <translation>“%1” is no lyric file (.lrc or .txt, in UTF-8).</translation>
+    </message>
+    <message>
+        <source>“%1” is here. Undo brings back the lyric before it.</source>
+        <translation>“%1” is here. Undo brings back the lyric before it.</translation>
+    </message>
+    <message>
+        <source>The times are %1 s later now.</source>
+        <translation>The times are %1 s later now.</translation>
+    </message>
+    <message>
+        <source>The times are %1 s earlier now.</source>
+        <translation>The times are %1 s earlier now.</translation>
+    </message>
+    <message>
+        <source>No lines were copied here. %1 makes lines of the text on the clipboard.</source>
+        <translation>No lines were copied here. %1 makes lines of the text on the clipboard.</translation>
+    </message>
+    <message>
+        <source>A line is split at the caret: edit its text first.</source>
+        <translation>A line is split at the caret: edit its text first.</translation>
+    </message>
 </context>
 </TS>

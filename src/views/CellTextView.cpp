@@ -3,6 +3,7 @@
 
 #include "kit/DroppedFiles.h"
 #include "views/OneLine.h"
+#include "views/TextMenu.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QPointer>
@@ -96,6 +97,18 @@ QString CellTextView::textAfterSelection() const
 void CellTextView::selectWholeText()
 {
     selectAll();
+}
+
+void CellTextView::moveCaretTo(qsizetype position)
+{
+    QTextCursor caret = textCursor();
+    caret.setPosition(static_cast<int>(std::clamp<qsizetype>(position, 0, document()->characterCount() - 1)));
+    setTextCursor(caret);
+}
+
+void CellTextView::contextMenuEvent(QContextMenuEvent *event)
+{
+    showTextMenu(*this, *event);
 }
 
 void CellTextView::selectNothing()

@@ -24,12 +24,13 @@ public:
     [[nodiscard]] QString textAfterSelection() const override;
     void selectWholeText() override;
     void selectNothing() override;
-    void moveCaretToStart() override { moveCursor(QTextCursor::Start); }
+    void moveCaretTo(qsizetype position) override;
     void setTextPlace(int left, int right, int rowHeight) override;
     void setLinesHandler(LinesHandler handler) override { m_linesHandler = std::move(handler); }
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void dropEvent(QDropEvent *event) override;

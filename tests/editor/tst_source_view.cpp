@@ -258,21 +258,16 @@ void TestSourceView::contextMenuCutsAndPastes()
 {
     const Screen screen;
     const auto choose = [&screen](const QString &text) {
-        QMetaObject::invokeMethod(
-            screen.view,
-            [text] {
-                auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-                QVERIFY(menu);
-                for (QAction *action : menu->actions()) {
-                    if (action->text() == text) {
-                        menu->setActiveAction(action);
-                    }
-                }
-                QTest::keyClick(menu, Qt::Key_Return);
-            },
-            Qt::QueuedConnection);
         QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QCursor::pos());
         QCoreApplication::sendEvent(screen.view->viewport(), &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        for (QAction *action : menu->actions()) {
+            if (action->text() == text) {
+                menu->setActiveAction(action);
+            }
+        }
+        QTest::keyClick(menu, Qt::Key_Return);
     };
     choose(QStringLiteral("Select all"));
     choose(QStringLiteral("Cut"));

@@ -3,7 +3,7 @@
 
 class QKeyEvent;
 
-namespace editor {
+namespace kit {
 
 /// Whether a key types into a text, moves in it, selects, or takes out: what belongs to a text view that has
 /// the keyboard, and not to a shortcut of its window.
@@ -12,4 +12,4 @@ namespace editor {
 /// Whether a key asks for undo or redo, by the desktop's keys, Ctrl+Shift+Z or Ctrl+Y.
 [[nodiscard]] bool isHistoryKey(const QKeyEvent &key);
 
-} // namespace editor
+} // namespace kit

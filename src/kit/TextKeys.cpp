@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "editor/TextKeys.h"
+#include "kit/TextKeys.h"
 
 #include <QtGui/QKeyEvent>
 
 #include <algorithm>
 #include <array>
 
-namespace editor {
+namespace kit {
 
 namespace {
 
@@ -53,4 +53,4 @@ bool isHistoryKey(const QKeyEvent &key)
         || key.matches(QKeySequence::Redo);
 }
 
-} // namespace editor
+} // namespace kit
