@@ -41,7 +41,7 @@ public:
     std::int64_t millis()
     {
         const auto amount = static_cast<std::int64_t>(below(256) * 256 + below(256));
-        const std::int64_t factor = below(16) == 0 ? 200'000'000'000'000 : 1;
+        const std::int64_t factor = below(16) == 0 ? 100'000'000'000'000 : 1;
         return below(2) == 0 ? amount * factor : -amount * factor;
     }
     std::string_view typed()
