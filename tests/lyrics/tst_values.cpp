@@ -104,6 +104,25 @@ TEST(Values, HoursInTheColonFormFitUpToTheLargest)
     EXPECT_LT(secondTime("[2562047788015:12:56]"), std::numeric_limits<std::int64_t>::max() / 2);
 }
 
+TEST(Values, FiftyNineSecondsAreSecondsOfAnHour)
+{
+    EXPECT_EQ(built("[59:50.00]a\n[01:00:59]b\n").aryLines()[1].aryTimes()[0], 3'659'000);
+    EXPECT_EQ(built("[59:50.00]a\n[01:00:60]b\n").aryLines()[1].aryTimes()[0], 60'600);
+}
+
+TEST(Values, EveryTagThatHoldsStaysWhereTimesOnlyWent)
+{
+    RBEditSong song = built("  [0:01] [0:02]\t[0:03] [0:04]a\n");
+    song.aryLines()[0].aryTimes().erase(2);
+    song.aryLines()[0].aryTimes().erase(0);
+    EXPECT_EQ(written(song), "  [0:02] [0:04]a\n");
+    song.aryLines()[0].aryTimes().erase(1);
+    EXPECT_EQ(written(song), "  [0:02]a\n");
+    song.aryLines()[0].appendTime(1'000);
+    song.aryLines()[0].appendTime(3'000);
+    EXPECT_EQ(written(song), "  [00:02.00][00:01.00][00:03.00]a\n");
+}
+
 TEST(Values, NoCharacterIsTornWhereWordsChange)
 {
     RBEditSong song = built("[00:01.00]<00:01.00>x\u00E9<00:02.00>y\n");
