@@ -38,7 +38,8 @@ std::string contentOf(const RBSongLine &line)
         // No text has a line end, so this is taken for no other.
         std::int64_t distance = 0;
         const bool isFar = __builtin_sub_overflow(stamp.millis, line.aryTimes()[0], &distance);
-        content += isFar ? "\nfar" + std::to_string(stamp.millis) : "\n" + std::to_string(distance);
+        content += isFar ? "\nfar" : "\n";
+        content += std::to_string(isFar ? stamp.millis : distance);
         content += stamp.isAngle ? ">" : "]";
         from = stamp.end;
     }

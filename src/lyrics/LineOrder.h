@@ -9,6 +9,7 @@
 /// of every line that is not concerned as they are.
 namespace lyrics {
 
+/// What `expandRepeats` adds at most, lines and their texts counted.
 inline constexpr std::size_t kMostBytesExpanded = std::size_t(256) << 20;
 
 /// Makes each line of several times as many lines of one time.

@@ -30,6 +30,34 @@ bool isSumLost(std::int64_t a, std::int64_t b)
     return __builtin_add_overflow(a, b, &sum) || sum < -kLargest;
 }
 
+/// Whether a byte of `bytes` is `byte`, repeated in all of its own.
+bool hasByte(std::uint64_t bytes, std::uint64_t byte)
+{
+    constexpr std::uint64_t kOnes = 0x0101010101010101;
+    const std::uint64_t zeros = bytes ^ byte;
+    return ((zeros - kOnes) & ~zeros & kOnes << 7) != 0;
+}
+
+/// Whether a stamp may begin somewhere in `text`: at the first shift of a document each line is asked, and
+/// few have one. Eight bytes are looked at at once.
+bool hasBracket(std::string_view text)
+{
+    const auto isBracket = [](char c) { return c == '<' || c == '['; };
+    if (text.size() < sizeof(std::uint64_t))
+        return std::any_of(text.begin(), text.end(), isBracket);
+    const auto hasOneAt = [text](std::size_t at) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, text.data() + at, sizeof bytes);
+        return hasByte(bytes, 0x3C3C3C3C3C3C3C3C) || hasByte(bytes, 0x5B5B5B5B5B5B5B5B);
+    };
+    const std::size_t last = text.size() - sizeof(std::uint64_t);
+    for (std::size_t at = 0; at < last; at += sizeof(std::uint64_t)) {
+        if (hasOneAt(at))
+            return true;
+    }
+    return hasOneAt(last);
+}
+
 } // namespace
 
 void RBSongLine::shiftBack(std::int64_t millis)
@@ -50,7 +78,7 @@ void RBSongLine::lookForStamps()
         return;
     const std::string_view words = text();
     lyrics::StampSpelling stamp;
-    const bool has = lyrics::LineAccess::canHaveStamps(*this)
+    const bool has = hasBracket(words) && lyrics::LineAccess::canHaveStamps(*this)
         && lyrics::findStamp(
             words.data(), words.data() + words.size(), lyrics::LineAccess::colonReading(*this), stamp);
     m_flags.stamps = has ? Stamps::Some : Stamps::None;

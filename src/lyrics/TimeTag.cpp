@@ -82,6 +82,14 @@ bool readFraction(const char *&p, const char *end, std::uint64_t &millis)
     return true;
 }
 
+/// Whether three fields are a time when the first of them counts hours.
+bool fitsInHours(const Number &first, const Number &second, const Number &third)
+{
+    std::uint64_t sum = 0;
+    return addMillis(sum, first.value, 3'600'000) && addMillis(sum, second.value, 60'000)
+        && addMillis(sum, third.value, 1'000);
+}
+
 /// What follows the first two fields: `:c` or `:c.fraction`.
 bool readThirdField(const char *&p, const char *end, ColonReading reading, const Number &first,
     const Number &second, TimeSpelling &time, std::uint64_t &sum)
@@ -100,7 +108,7 @@ bool readThirdField(const char *&p, const char *end, ColonReading reading, const
         if (third.digits < 1 || third.digits > 3)
             return false;
         time.colonForm = true;
-        time.canBeHours = hoursFit && third.value <= 59;
+        time.canBeHours = hoursFit && third.value <= 59 && fitsInHours(first, second, third);
         if (reading == ColonReading::Fraction || !hoursFit) {
             return addMillis(sum, first.value, 60'000) && addMillis(sum, second.value, 1'000)
                 && addMillis(sum, fractionMillis(digits, p), 1);

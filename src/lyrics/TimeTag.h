@@ -24,7 +24,7 @@ struct TimeSpelling
     bool hasColon = false;
     /// Spelled `a:b:c`, so that the document decides what it means.
     bool colonForm = false;
-    /// The colon form may be read as hours: no field above 59 speaks against it.
+    /// The colon form may be read as hours: no field above 59 speaks against it, and it fits.
     bool canBeHours = false;
 };
 

@@ -151,7 +151,10 @@ inline std::optional<Time> time(std::string_view text, bool inHours)
             first = 3'600'000;
         } else if (isDigits(fields[2]) && fields[2].size() <= 3) {
             read.isColonForm = true;
-            read.canBeHours = isTwoDigits && second <= 59 && *number(fields[2]) <= 59;
+            read.canBeHours = isTwoDigits && second <= 59 && *number(fields[2]) <= 59
+                && (!number(fields[0])
+                    || *number(fields[0]) * 3'600'000 + second * 60'000 + *number(fields[2]) * 1000
+                        <= std::numeric_limits<std::int64_t>::max());
             const bool isHours = inHours && isTwoDigits && second <= 59;
             first = isHours ? 3'600'000 : 60'000;
             rest = isHours ? second * 60'000 + *number(fields[2]) * 1000

@@ -219,6 +219,18 @@ TEST(ColonForm, IsHoursWhenOnlyThatRises)
         ElementsAre(timed(3'480'000, "a"), timed(3'630'000, "b"), timed(3'660'000, "c")));
 }
 
+/// Found by the fuzzer: in hours the first would have been a text behind a tag, and no longer its own line.
+TEST(ColonForm, IsAFractionWhenOneOfThemIsTooLargeForHours)
+{
+    const std::string text = "[al:][99999999999999:02:03][ 2:\n[01:02:03]a\n[01:02:03]b\n";
+    RBEditSong song = songs::built(text);
+    ASSERT_EQ(song.aryLines().size(), 4U);
+    EXPECT_EQ(song.aryLines()[1].aryTimes().size(), 1U);
+    EXPECT_EQ(song.aryLines()[2].aryTimes()[0], 62'030);
+    songs::touchAll(song);
+    EXPECT_EQ(songs::written(song), text);
+}
+
 TEST(ColonForm, IsAFractionWhenNeitherRises)
 {
     EXPECT_THAT(plain(songs::built("[58:00.00]a\n[01:00:30]b\n[00:10.00]c")),
