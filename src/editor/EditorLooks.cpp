@@ -75,6 +75,8 @@ void TQLRCEditorViewCtl::documentChanged()
     m_sungLine.invalidate();
     refreshActions();
     showSungRowSoon();
+    m_ticks.reset();
+    showTicksSoon();
     if (m_tableView) {
         // What is wrong with a line depends on its neighbours.
         m_tableView->viewport()->update();
