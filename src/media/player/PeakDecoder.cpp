@@ -104,6 +104,8 @@ private:
     std::uint32_t m_sampleRate = 0;
     /// Where the next sound is taken to be when it does not say.
     std::int64_t m_nextFrame = 0;
+    /// What comes is behind the music.
+    bool m_musicIsOver = false;
 };
 
 bool Decoding::isOver() const
@@ -148,7 +150,7 @@ void Decoding::run(const std::function<void(const WaveformPeaks &)> &tell)
     auto *const output = GST_APP_SINK(m_output);
     auto lastSound = Clock::now();
     auto told = lastSound;
-    while (!isOver()) {
+    while (!isOver() && !m_musicIsOver) {
         const auto now = Clock::now();
         if (const SamplePointer sample{gst_app_sink_try_pull_sample(output, kPatience)}) {
             take(sample.get());
@@ -162,7 +164,8 @@ void Decoding::run(const std::function<void(const WaveformPeaks &)> &tell)
         }
     }
     // Where a file breaks off there are some that were decoded before the error was told.
-    while (const SamplePointer rest{m_cancelled ? nullptr : gst_app_sink_try_pull_sample(output, 0)}) {
+    while (const SamplePointer rest{
+        m_cancelled || m_musicIsOver ? nullptr : gst_app_sink_try_pull_sample(output, 0)}) {
         take(rest.get());
     }
     if (m_collector && !m_cancelled) {
@@ -208,8 +211,9 @@ void Decoding::add(GstBuffer *buffer, const GstSegment *segment, const GstAudioI
     const auto channels = static_cast<std::size_t>(GST_AUDIO_INFO_CHANNELS(&info));
     auto frames = static_cast<std::int64_t>(map.size / (channels * sizeof(float)));
     if (m_music.length > 0) {
-        // The silence behind the music.
-        frames = std::min<std::int64_t>(frames, std::llround(m_music.length * m_sampleRate) - m_nextFrame);
+        const std::int64_t left = std::llround(m_music.length * m_sampleRate) - m_nextFrame;
+        m_musicIsOver = frames >= left;
+        frames = std::min(frames, left);
     }
     if (frames > 0) {
         m_collector->add(m_nextFrame,
