@@ -77,6 +77,8 @@ void TQLRCEditorViewCtl::documentChanged()
     // What was told was told of the document before.
     tell({});
     showSungRowSoon();
+    m_ticks.reset();
+    showTicksSoon();
     if (m_tableView) {
         // What is wrong with a line depends on its neighbours.
         m_tableView->viewport()->update();

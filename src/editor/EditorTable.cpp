@@ -132,6 +132,7 @@ void TQLRCEditorViewCtl::tableViewSelectionDidChange(MyTableView *tableView)
         host->lrcEditorSelctionChanged_column(static_cast<std::int32_t>(tableView->selectedRow()), 0);
     }
     moveCaretToSelectedRow();
+    showTicksSoon();
 }
 
 void TQLRCEditorViewCtl::tableViewReloaded(QObject *sender)

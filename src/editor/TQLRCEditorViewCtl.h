@@ -25,6 +25,7 @@
 #include <QtWidgets/QMenu>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QAction;
@@ -278,6 +279,10 @@ private:
     void documentChanged();
     void showSungRowSoon();
     void updateSungRow();
+    void showTicksSoon();
+    void showTicks();
+    [[nodiscard]] const std::vector<double> &ticks();
+    [[nodiscard]] std::vector<double> ticksOfSelection() const;
     [[nodiscard]] const std::vector<editor::LineProblem> &problemsOfRow(int row);
     [[nodiscard]] std::int64_t audioMillis() const;
     [[nodiscard]] bool isSourceShown() const;
@@ -299,6 +304,9 @@ private:
     int m_sungRow = -1;
     bool m_sungRowIsDue = false;
     std::int64_t m_positionMillis = 0;
+    // The times of all lines, in seconds; made anew when they are shown after a change.
+    std::optional<std::vector<double>> m_ticks;
+    bool m_ticksAreDue = false;
     // Of the row that was asked for last: a row is painted cell by cell.
     int m_problemRow = -1;
     std::vector<editor::LineProblem> m_problems;

@@ -4,6 +4,7 @@
 #include "host/Playback.h"
 #include "host/Song.h"
 #include "media/items/TaggedAudioFile.h"
+#include "media/player/PeakReader.h"
 #include "media/player/Player.h"
 #include "shell/TQWLRCEditorViewCtl.h"
 #include "shell/contracts/EditorKeys.h"
@@ -25,8 +26,25 @@
 
 namespace desk {
 
+namespace {
+
+std::shared_ptr<PeakProvider> peakProvider()
+{
+    auto provider = PeakProvider::provider();
+    if (!provider) {
+        provider = std::make_shared<media::PeakReader>([](const WXEAudioFile &item) {
+            const auto *file = dynamic_cast<const media::TaggedAudioFile *>(&item);
+            return file ? file->path() : QString();
+        });
+        PeakProvider::setProvider(provider);
+    }
+    return provider;
+}
+
+} // namespace
+
 DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
-    : m_player(std::move(player)), m_playback(std::make_shared<Playback>(m_player)),
+    : m_player(std::move(player)), m_peaks(peakProvider()), m_playback(std::make_shared<Playback>(m_player)),
       m_component(TQWLRCEditorViewCtl::initWithPlayer(m_player))
 {
     m_component->setDelegate(std::weak_ptr<TQLRCEditorViewCtlDelegate>(m_playback));

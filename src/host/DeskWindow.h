@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class PeakProvider;
 class QMimeData;
 class TQWLRCEditorViewCtl;
 
@@ -71,6 +72,8 @@ private:
     void tell(const QString &what, const QString &message);
 
     std::shared_ptr<media::Player> m_player;
+    /// One for all windows; the last one takes it along.
+    std::shared_ptr<PeakProvider> m_peaks;
     std::shared_ptr<Playback> m_playback;
     std::shared_ptr<TQWLRCEditorViewCtl> m_component;
     std::shared_ptr<media::TaggedAudioFile> m_song;

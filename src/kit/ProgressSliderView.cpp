@@ -2,37 +2,35 @@
 #include "kit/ProgressSliderView.h"
 
 #include "kit/SliderAccessible.h"
-#include "kit/Theme.h"
+#include "kit/TickMarks.h"
+#include "kit/WaveformPicture.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
-#include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
+#include <QtWidgets/QToolTip>
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr double kBarHeight = 6.0;
-constexpr double kKnobRadius = 7.0;
-constexpr double kMargin = kKnobRadius + 2.0; // the knob and its ring stay inside
 constexpr int kWheelNotch = 120;
-
-void drawBar(QPainter &painter, const QRectF &bar, const QColor &color)
-{
-    painter.setBrush(color);
-    painter.drawRoundedRect(bar, kBarHeight / 2, kBarHeight / 2);
-}
 
 } // namespace
 
-ProgressSliderView::ProgressSliderView(QWidget *parent) : QWidget(parent)
+ProgressSliderView::ProgressSliderView(QWidget *parent)
+    : QWidget(parent), m_waveform(std::make_unique<kit::WaveformPicture>()),
+      m_ticks(std::make_unique<kit::TickMarks>()), m_emphasisedTicks(std::make_unique<kit::TickMarks>())
 {
     // A click leaves the keys where they are: with the line that is to be stamped.
     setFocusPolicy(Qt::TabFocus);
+    setMouseTracking(true); // for the time under the pointer
     kit::installSliderAccessible();
 }
+
+ProgressSliderView::~ProgressSliderView() = default;
 
 void ProgressSliderView::setDLength(double seconds)
 {
@@ -47,12 +45,13 @@ void ProgressSliderView::setDCurValue(double seconds)
 {
     if (std::isnan(seconds) || seconds == m_value)
         return;
-    const auto pixel = [this] { return std::lround(xAt(m_value) * devicePixelRatioF()); };
-    const auto before = pixel();
+    const double before = xAt(m_value);
     const double beforeSeconds = m_value;
     m_value = seconds;
-    if (pixel() != before)
-        update();
+    const double after = xAt(m_value);
+    const double pixels = devicePixelRatioF();
+    if (std::lround(before * pixels) != std::lround(after * pixels))
+        updateBetween(before, after);
     if (std::floor(beforeSeconds) != std::floor(seconds))
         tellReaders();
 }
@@ -62,21 +61,9 @@ double ProgressSliderView::clamped(double seconds) const
     return std::clamp(seconds, 0.0, m_length);
 }
 
-double ProgressSliderView::xAt(double seconds) const
-{
-    const double room = std::max(0.0, width() - 2 * kMargin);
-    return kMargin + (m_length > 0.0 ? room * clamped(seconds) / m_length : 0.0);
-}
-
-double ProgressSliderView::secondsAt(double x) const
-{
-    const double room = width() - 2 * kMargin;
-    return room > 0.0 ? clamped((x - kMargin) / room * m_length) : 0.0;
-}
-
 QSize ProgressSliderView::sizeHint() const
 {
-    return {240, 24};
+    return {240, 32};
 }
 
 QSize ProgressSliderView::minimumSizeHint() const
@@ -84,41 +71,46 @@ QSize ProgressSliderView::minimumSizeHint() const
     return {60, 24};
 }
 
-void ProgressSliderView::paintEvent(QPaintEvent * /*event*/)
+QString ProgressSliderView::timeText(double seconds) const
 {
-    const kit::Theme theme(this);
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    const double middle = height() / 2.0;
-    const double x = xAt(m_value);
-    const QRectF whole(kMargin, middle - kBarHeight / 2, width() - 2 * kMargin, kBarHeight);
-    if (!isEnabled() || m_length <= 0.0) {
-        drawBar(painter, whole, theme.line);
-        return;
-    }
-    drawBar(painter, whole, theme.waveform);
-    if (x > kMargin)
-        drawBar(painter, {kMargin, whole.top(), x - kMargin, kBarHeight}, theme.accent);
-    painter.setBrush(theme.text);
-    painter.drawEllipse(QPointF(x, middle), kKnobRadius, kKnobRadius);
-    if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(theme.focus, 2.0));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kit::kRadius, kit::kRadius);
+    if (m_timeText)
+        return m_timeText(seconds);
+    const auto whole = static_cast<long long>(std::max(0.0, std::min(seconds, 1e15)));
+    return QStringLiteral("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
+}
+
+bool ProgressSliderView::event(QEvent *event)
+{
+    // The time is there before the tip that waits would come, and says more.
+    if (event->type() == QEvent::ToolTip && isEnabled() && m_length > 0.0)
+        return true;
+    return QWidget::event(event);
+}
+
+void ProgressSliderView::showTip(const QMouseEvent *event)
+{
+    if (isEnabled() && m_length > 0.0) {
+        const QString text = timeText(secondsAt(event->position().x()));
+        QToolTip::showText(event->globalPosition().toPoint(), text, this, m_dragging ? QRect() : rect());
     }
 }
 
 void ProgressSliderView::mousePressEvent(QMouseEvent *event)
 {
+    const QPointer<ProgressSliderView> self(this);
     if (event->button() == Qt::LeftButton && m_length > 0.0)
         beginDrag(secondsAt(event->position().x()));
+    if (self != nullptr)
+        showTip(event);
 }
 
 void ProgressSliderView::mouseMoveEvent(QMouseEvent *event)
 {
+    const QPointer<ProgressSliderView> self(this);
     if (m_dragging)
         drag(secondsAt(event->position().x()));
+    if (self != nullptr)
+        showTip(event);
 }
 
 void ProgressSliderView::mouseReleaseEvent(QMouseEvent *event)
@@ -164,9 +156,9 @@ void ProgressSliderView::wheelEvent(QWheelEvent *event)
     m_wheelRest += event->angleDelta().y() != 0 ? event->angleDelta().y() : event->angleDelta().x();
     const int notches = m_wheelRest / kWheelNotch;
     m_wheelRest -= notches * kWheelNotch;
+    event->accept();
     if (notches != 0)
         moveTo(m_value + notches * kKeyStepSeconds);
-    event->accept();
 }
 
 void ProgressSliderView::changeEvent(QEvent *event)
@@ -174,31 +166,36 @@ void ProgressSliderView::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() != QEvent::EnabledChange)
         return;
+    update();
     if (!isEnabled())
         endDrag();
-    update();
 }
 
 void ProgressSliderView::hideEvent(QHideEvent *event)
 {
-    endDrag(); // no release will come
     QWidget::hideEvent(event);
+    endDrag(); // no release will come
 }
 
 void ProgressSliderView::moveTo(double seconds)
 {
     if (m_length <= 0.0 || m_dragging || std::isnan(seconds))
         return;
+    const QPointer<ProgressSliderView> self(this);
     beginDrag(clamped(seconds));
-    endDrag();
+    if (self != nullptr)
+        endDrag();
 }
 
 void ProgressSliderView::beginDrag(double seconds)
 {
     m_dragging = true;
+    const QPointer<ProgressSliderView> self(this);
     if (const auto receiver = delegate())
         receiver->sliderView_beginDragAt(this, seconds);
-    drag(seconds);
+    // The delegate may have ended it, or taken the whole window down.
+    if (self != nullptr && m_dragging)
+        drag(seconds);
 }
 
 void ProgressSliderView::drag(double seconds)

@@ -21,6 +21,12 @@ public:
         return QAccessibleWidget::interface_cast(type);
     }
 
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? slider()->timeText(slider()->dCurValue())
+                                          : QAccessibleWidget::text(kind);
+    }
+
     [[nodiscard]] QVariant currentValue() const override { return slider()->dCurValue(); }
     void setCurrentValue(const QVariant &value) override { slider()->moveTo(value.toDouble()); }
     [[nodiscard]] QVariant minimumValue() const override { return 0.0; }

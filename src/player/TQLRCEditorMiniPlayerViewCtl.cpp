@@ -86,6 +86,10 @@ void TQLRCEditorMiniPlayerViewCtl::viewDidLoad()
     m_playerBgView->setDropEnabled(gEditorConfig != nullptr && gEditorConfig->supportDragAudioInto());
     m_playerBgView->setDelegate(self);
     m_prgSlider->setDelegate(self);
+    m_prgSlider->setTimeText([weak = std::weak_ptr(self)](double seconds) {
+        const auto strip = weak.lock();
+        return strip != nullptr ? strip->getTimeStr(seconds) : QString();
+    });
     m_playerBgView->setBackgroundColor(QPalette::Base);
     connectAction(m_btnPlay, [this](QObject *sender) { PlayPauseClicked(sender); });
     updatePlayPauseUI();
@@ -111,6 +115,35 @@ void TQLRCEditorMiniPlayerViewCtl::showItem()
     m_prgSlider->setEnabled(hasItem);
     if (hasItem)
         m_prgSlider->setDLength(m_audioFile->duration());
+    requestPeaks();
+}
+
+void TQLRCEditorMiniPlayerViewCtl::requestPeaks()
+{
+    const auto item = m_audioFile;
+    // The same item is shown again when the host has learnt better of its title or length.
+    if (item != nullptr && m_peaksItem.lock() == item)
+        return;
+    m_peakRequest.reset();
+    m_peaksItem = item;
+    m_prgSlider->setPeaks({}, 0.0);
+    const auto provider = item != nullptr ? PeakProvider::provider() : nullptr;
+    if (provider == nullptr)
+        return;
+    m_peakRequest = provider->requestPeaks(
+        item, [slider = m_prgSlider](const std::shared_ptr<const WaveformPeaks> &peaks) {
+            if (slider != nullptr)
+                slider->setPeaks(peaks->levels, peaks->secondsPerLevel);
+        });
+}
+
+void TQLRCEditorMiniPlayerViewCtl::showTimeTags(
+    const std::vector<double> &all, const std::vector<double> &selected)
+{
+    if (m_prgSlider == nullptr)
+        return;
+    m_prgSlider->setTicks(all);
+    m_prgSlider->setEmphasisedTicks(selected);
 }
 
 void TQLRCEditorMiniPlayerViewCtl::showTimes(double seconds, double length)

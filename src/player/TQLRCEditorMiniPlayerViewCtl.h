@@ -7,6 +7,7 @@
 #include "kit/ProgressSliderView.h"
 #include "kit/ViewController.h"
 #include "player/RBPlayingBgView.h"
+#include "shell/contracts/PeakProvider.h"
 #include "shell/contracts/TQAudioPlayerObserver.h"
 
 #include <QtCore/QPointer>
@@ -14,6 +15,7 @@
 #include <QtWidgets/QAbstractButton>
 
 #include <memory>
+#include <vector>
 
 class EditorContainer;
 class TQAudioPlayerProtocol;
@@ -21,7 +23,7 @@ class TQLRCEditorViewCtlDelegate;
 class WXEAudioFile;
 
 /// The strip below the editor: the item's cover and title, play and pause, position and length,
-/// and a slider to go elsewhere. An audio file dropped onto it becomes the editor's item.
+/// and a slider over the waveform to go elsewhere. An audio file dropped onto it becomes the editor's item.
 ///
 /// It plays nothing by itself: its button asks the host, its slider moves the host's player.
 class TQLRCEditorMiniPlayerViewCtl : public kit::ViewController,
@@ -66,6 +68,8 @@ public:
     virtual void flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item);
     /// Shows where the player is; seconds.
     virtual void updatePlayerProgress(double seconds);
+    /// Marks the times of the document on the slider; `selected` stand out. Seconds, in any order.
+    virtual void showTimeTags(const std::vector<double> &all, const std::vector<double> &selected);
     /// Asks the host to play the item (null too): it is the host's to tell play from pause.
     virtual void PlayPauseClicked(QObject *sender = nullptr);
     /// Shows whether the player plays, whatever it plays.
@@ -91,12 +95,16 @@ protected:
 private:
     void rememberSelf();
     void showItem();
+    void requestPeaks();
     void showTimes(double seconds, double length);
 
     std::weak_ptr<TQLRCEditorViewCtlDelegate> m_delegate;
     std::weak_ptr<EditorContainer> m_parentVC;
     std::shared_ptr<WXEAudioFile> m_audioFile;
     std::shared_ptr<TQAudioPlayerProtocol> m_player;
+    // Whose waveform was asked for, and what is withdrawn when it is another's turn.
+    std::weak_ptr<WXEAudioFile> m_peaksItem;
+    std::unique_ptr<PeakRequest> m_peakRequest;
     // Kept, because a destructor can no longer ask for it.
     std::weak_ptr<TQAudioPlayerObserver> m_asObserver;
 

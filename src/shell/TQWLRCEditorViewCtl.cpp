@@ -313,6 +313,13 @@ void TQWLRCEditorViewCtl::playFrom(double seconds)
     }
 }
 
+void TQWLRCEditorViewCtl::showTimeTags(const std::vector<double> &all, const std::vector<double> &selected)
+{
+    if (m_playerViewCtl) {
+        m_playerViewCtl->showTimeTags(all, selected);
+    }
+}
+
 void TQWLRCEditorViewCtl::prPreviewClicked(QObject *sender)
 {
     Q_UNUSED(sender)

@@ -11,6 +11,7 @@
 #include "shell/contracts/WXEAudioFile.h"
 
 #include <memory>
+#include <vector>
 
 class QAction;
 class RBPreviewViewController;
@@ -102,6 +103,7 @@ public:
     void pressPlayPause(QObject *sender) override;
     void seekTo(double seconds) override;
     void playFrom(double seconds) override;
+    void showTimeTags(const std::vector<double> &all, const std::vector<double> &selected) override;
     void prPreviewClicked(QObject *sender) override;
     void backFromPreview(QObject *sender) override;
     void previewOffsetClicked(QObject *sender) override;

@@ -5,6 +5,7 @@
 #include <QtGui/QAccessible>
 #include <QtGui/QWheelEvent>
 #include <QtTest/QTest>
+#include <QtWidgets/QToolTip>
 
 #include <cmath>
 #include <limits>
@@ -72,6 +73,11 @@ private Q_SLOTS:
     void settingAValueIsNoMovement();
     void wildValues();
     void delegateThatDiedIsHarmless();
+    void delegateMayDestroyTheSlider_data();
+    void delegateMayDestroyTheSlider();
+    void delegateMayEndTheDragAtItsBeginning();
+    void wheelAndKeysRestDuringADrag();
+    void tipTellsTheTimeUnderThePointer();
     void unmovedMarkIsNotPaintedAgain();
     void placesAndSecondsAgree();
     void readersSeeASlider();
@@ -259,6 +265,94 @@ void tst_ProgressSlider::delegateThatDiedIsHarmless()
     QVERIFY(m_slider->delegate() == nullptr);
 }
 
+void tst_ProgressSlider::delegateMayDestroyTheSlider_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::newRow("begin") << "begin";
+    QTest::newRow("change") << "change";
+    QTest::newRow("end") << "end";
+}
+
+void tst_ProgressSlider::delegateMayDestroyTheSlider()
+{
+    class Destroyer : public SliderViewDelegate
+    {
+    public:
+        void sliderView_beginDragAt(ProgressSliderView *, double) override { note("begin"); }
+        void sliderView_didChangeValue(ProgressSliderView *, double) override { note("change"); }
+        void sliderView_endDragAt(ProgressSliderView *, double) override { note("end"); }
+        void note(const QString &call)
+        {
+            if (call == when)
+                slider->reset();
+        }
+        QString when;
+        std::unique_ptr<CountingSlider> *slider = nullptr;
+    };
+    QFETCH(QString, call);
+    const auto destroyer = std::make_shared<Destroyer>();
+    destroyer->when = call;
+    destroyer->slider = &m_slider;
+    m_slider->setDelegate(destroyer);
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Right, {});
+    QCoreApplication::sendEvent(m_slider.get(), &key);
+    QVERIFY(m_slider == nullptr);
+    init();
+    m_slider->setDelegate(destroyer);
+    QMouseEvent press(
+        QEvent::MouseButtonPress, at(10), m_slider->mapToGlobal(at(10)), Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(m_slider.get(), &press);
+    if (m_slider != nullptr)
+        m_slider->setEnabled(false); // ends it
+    QVERIFY(m_slider == nullptr);
+}
+
+void tst_ProgressSlider::delegateMayEndTheDragAtItsBeginning()
+{
+    class Refuser : public Listener
+    {
+    public:
+        void sliderView_beginDragAt(ProgressSliderView *slider, double seconds) override
+        {
+            note("begin", seconds);
+            slider->setEnabled(false);
+        }
+    };
+    const auto refuser = std::make_shared<Refuser>();
+    m_slider->setDelegate(refuser);
+    QTest::mousePress(m_slider.get(), Qt::LeftButton, {}, at(10));
+    QCOMPARE(refuser->heard, QStringList({"begin 10", "end 0"}));
+    QVERIFY(!m_slider->isDragging());
+}
+
+void tst_ProgressSlider::wheelAndKeysRestDuringADrag()
+{
+    QTest::mousePress(m_slider.get(), Qt::LeftButton, {}, at(10));
+    QTest::keyClick(m_slider.get(), Qt::Key_Right);
+    QWheelEvent turn(
+        at(10), m_slider->mapToGlobal(at(10)), {}, {0, 120}, Qt::LeftButton, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(m_slider.get(), &turn);
+    QTest::mouseRelease(m_slider.get(), Qt::LeftButton, {}, at(10));
+    QCOMPARE(heard(), movementTo(10));
+}
+
+void tst_ProgressSlider::tipTellsTheTimeUnderThePointer()
+{
+    QTest::mouseMove(m_slider.get(), at(75));
+    QTRY_COMPARE(QToolTip::text(), "1:15");
+    m_slider->setTimeText([](double seconds) { return QStringLiteral("<%1>").arg(std::lround(seconds)); });
+    QTest::mousePress(m_slider.get(), Qt::LeftButton, {}, at(20));
+    QCOMPARE(QToolTip::text(), "<20>");
+    QTest::mouseMove(m_slider.get(), at(30));
+    QCOMPARE(QToolTip::text(), "<30>");
+    QTest::mouseMove(m_slider.get(), QPoint(5000, 5));
+    QCOMPARE(QToolTip::text(), "<100>"); // outside it is the end
+    QTest::mouseRelease(m_slider.get(), Qt::LeftButton, {}, QPoint(5000, 5));
+    QHelpEvent ask(QEvent::ToolTip, at(40), m_slider->mapToGlobal(at(40)));
+    QVERIFY(QCoreApplication::sendEvent(m_slider.get(), &ask));
+    QToolTip::hideText();
+}
+
 void tst_ProgressSlider::unmovedMarkIsNotPaintedAgain()
 {
     m_slider->setDCurValue(10);
@@ -291,6 +385,7 @@ void tst_ProgressSlider::readersSeeASlider()
     QVERIFY(value != nullptr);
     QCOMPARE(value->currentValue().toDouble(), 40.0);
     QCOMPARE(value->maximumValue().toDouble(), 100.0);
+    QCOMPARE(reader->text(QAccessible::Value), "0:40");
     value->setCurrentValue(60.0);
     QCOMPARE(heard(), movementTo(60));
 }

@@ -193,6 +193,12 @@ public:
         note("flushWithAudioItem", nullptr);
         flushed.push_back(item);
     }
+    void showTimeTags(const std::vector<double> &all, const std::vector<double> &selected) override
+    {
+        ticks = all;
+        selectedTicks = selected;
+        ++tickShows;
+    }
     void prPreviewClicked(QObject *by) override { note("prPreviewClicked", by); }
     void backFromPreview(QObject *by) override { note("backFromPreview", by); }
     void previewOffsetClicked(QObject *by) override { note("previewOffsetClicked", by); }
@@ -201,6 +207,9 @@ public:
     /// Of the last call.
     QObject *sender = nullptr;
     std::vector<std::shared_ptr<WXEAudioFile>> flushed;
+    std::vector<double> ticks;
+    std::vector<double> selectedTicks;
+    int tickShows = 0;
 
 private:
     bool note(const char *what, QObject *by)

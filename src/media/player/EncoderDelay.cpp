@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <fstream>
 #include <string_view>
 
@@ -153,6 +154,15 @@ EncoderDelay encoderDelayOf(const std::filesystem::path &path)
         delay.total = countMpegSamples(file, begin);
     }
     return delay;
+}
+
+MusicSpan musicSpan(const EncoderDelay &delay, std::optional<double> told)
+{
+    const double whole = delay.totalSeconds();
+    const double music = std::max(0.0, whole - delay.frontSeconds() - delay.behindSeconds());
+    // Which kind of release this is shows in the length that it tells.
+    const bool done = delay.behind > 0 && told && std::abs(*told - music) < std::abs(*told - whole);
+    return {done ? 0.0 : delay.frontSeconds(), music};
 }
 
 } // namespace media

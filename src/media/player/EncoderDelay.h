@@ -42,7 +42,18 @@ private:
 /// of a variable rate the library only has a guess. Not for the GUI thread.
 [[nodiscard]] EncoderDelay encoderDelayOf(const std::filesystem::path &path);
 
-/// The same for the beginning of an MPEG audio stream, after any ID3v2 tag.
+/// Where the music lies in the library's timeline. Seconds.
+struct MusicSpan
+{
+    double front = 0; ///< before the music
+    double length = 0; ///< of the music; 0 where the library has to be asked
+};
+
+/// What is left to be taken off when the library tells a length of `told` seconds (nothing when it cannot
+/// say): newer releases of it take off by themselves what a file describes.
+[[nodiscard]] MusicSpan musicSpan(const EncoderDelay &delay, std::optional<double> told);
+
+/// The same as `encoderDelayOf` for the beginning of an MPEG audio stream, after any ID3v2 tag.
 [[nodiscard]] EncoderDelay encoderDelayOfMpeg(std::span<const std::uint8_t> start);
 
 /// The same for the content of an MPEG-4 file's "moov": what an encoder says in the tags and not

@@ -129,13 +129,9 @@ void Pipeline::onSettled(unsigned seeks, const EncoderDelay &delay)
 
 void Pipeline::takeOffSilence(const EncoderDelay &delay)
 {
-    const double whole = delay.totalSeconds();
-    m_music = std::max(0.0, whole - delay.frontSeconds() - delay.behindSeconds());
-    // Newer releases of the library take off by themselves what a file describes. Which kind this
-    // is shows in the length that it tells.
-    const auto told = libraryDuration();
-    const bool done = delay.behind > 0 && told && std::abs(*told - m_music) < std::abs(*told - whole);
-    m_front = done ? 0.0 : delay.frontSeconds();
+    const MusicSpan music = musicSpan(delay, libraryDuration());
+    m_front = music.front;
+    m_music = music.length;
 }
 
 void Pipeline::onEnded()

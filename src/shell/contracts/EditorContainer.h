@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 class QObject;
 class WXEAudioFile;
@@ -22,6 +23,9 @@ public:
     virtual void seekTo(double seconds) = 0;
     /// Plays the item from `seconds` on; asks the host for it when the player does not hold it.
     virtual void playFrom(double seconds) = 0;
+    /// Marks where the lines have their times: seconds, in any order. `selected` are those of the
+    /// selected lines, which are among `all`.
+    virtual void showTimeTags(const std::vector<double> &all, const std::vector<double> &selected) = 0;
     /// Shows `item` (null for none) in all children.
     virtual void flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item) = 0;
     /// Puts the preview in the line editor's place.
