@@ -691,5 +691,21 @@
         <source>Take the times and tags off the selected lines</source>
         <translation>Entfernt Zeiten und Merkmale der ausgewählten Zeilen</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search for the lyric</source>
+        <translation>Liedtext suchen</translation>
+    </message>
+    <message>
+        <source>Search for the lyric of this song</source>
+        <translation>Den Liedtext dieses Stücks suchen</translation>
+    </message>
+    <message>
+        <source>search</source>
+        <translation>Suche</translation>
+    </message>
 </context>
 </TS>

@@ -691,5 +691,21 @@
         <source>Take the times and tags off the selected lines</source>
         <translation>Take the times and tags off the selected lines</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>Search for the lyric</source>
+        <translation>Search for the lyric</translation>
+    </message>
+    <message>
+        <source>Search for the lyric of this song</source>
+        <translation>Search for the lyric of this song</translation>
+    </message>
+    <message>
+        <source>search</source>
+        <translation>search</translation>
+    </message>
 </context>
 </TS>
