@@ -90,6 +90,7 @@ void DeskSearch::buildStatus()
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QToolButton::clicked, m_service.get(), [this] { m_service->cancel(); });
+    layout->addStretch(1);
     layout->addWidget(m_label);
     layout->addWidget(bar);
     layout->addWidget(button);

@@ -149,7 +149,10 @@ private Q_SLOTS:
         search();
         QTRY_COMPARE(m_server->asked.size(), 1);
         QVERIFY(!isShownAsSearching());
-        QTRY_VERIFY(!m_server->client);
+        QVERIFY(status().isEmpty());
+        // What was due has come when a whole search has come and gone.
+        search();
+        QTRY_COMPARE(status(), QStringLiteral("No lyric was found for this song."));
         QCOMPARE(text(), QByteArray("a\n"));
         QVERIFY(!m_window->hasUnsavedChanges());
     }
