@@ -75,6 +75,7 @@ constexpr std::array kRows{
     Row{Command::Redo, Group::Editing, [] { return localized(QStringLiteral("Redo")); }},
     Row{Command::ShowSource, Group::Lyric, [] { return localized(QStringLiteral("Show the LRC text")); }},
     Row{Command::OpenLyricFile, Group::Lyric, [] { return localized(QStringLiteral("Open lyric file…")); }},
+    Row{Command::SearchLyric, Group::Lyric, [] { return localized(QStringLiteral("Search for the lyric")); }},
     Row{Command::ShowKeys, Group::Lyric, [] { return localized(QStringLiteral("Show all keys")); }},
 };
 

@@ -56,6 +56,7 @@ QString operationName(EditorCommand command)
         {EditorCommand::Redo, "redo"},
         {EditorCommand::ShowSource, "showSource"},
         {EditorCommand::OpenLyricFile, "openLyricFile"},
+        {EditorCommand::SearchLyric, "searchLyricClick"},
         {EditorCommand::ShowKeys, "showKeys"},
     };
     const auto found = names.find(command);
@@ -205,7 +206,7 @@ std::unique_ptr<QMenu> EditorActions::buildMenu(std::function<bool(const QAction
     menu->addSeparator();
     addTo(*menu, {DeleteLines, DeleteAllLines, RestoreAll});
     menu->addSeparator();
-    addTo(*menu, {OpenLyricFile, ShowSource, ShowKeys});
+    addTo(*menu, {OpenLyricFile, SearchLyric, ShowSource, ShowKeys});
     for (QMenu *part : {menu.get(), times, tags}) {
         validateWhenShown(*part, validate);
     }

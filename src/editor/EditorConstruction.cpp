@@ -75,6 +75,7 @@ bool TQLRCEditorViewCtl::connectOutlets()
     complete &= outlet(m_btnRestoreAll, "btnRestoreAll");
     complete &= outlet(m_btnInsertAlbum, "btnInsertAlbum");
     complete &= outlet(m_btnSource, "btnSource");
+    complete &= outlet(m_btnSearch, "btnSearch");
     return complete;
 }
 
@@ -88,6 +89,7 @@ void TQLRCEditorViewCtl::viewDidLoad()
     refreshBtnsImages();
     wireButtons();
     wireSourceButton();
+    wireSearchButton();
     m_actions->attachTo(view());
     refreshToolTips();
     buildOffsetView();

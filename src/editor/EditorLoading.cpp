@@ -41,6 +41,8 @@ void TQLRCEditorViewCtl::flushWithAudioItem(const std::shared_ptr<WXEAudioFile> 
     if (anotherItemsText) {
         showFirstLine();
     }
+    // The host may have registered a service since.
+    refreshActions();
 }
 
 void TQLRCEditorViewCtl::flushWithOriginalSongText(const QByteArray &text)

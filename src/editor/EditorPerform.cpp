@@ -52,6 +52,7 @@ void TQLRCEditorViewCtl::buildActions()
 void TQLRCEditorViewCtl::refreshActions()
 {
     m_actions->refresh();
+    refreshSearchButton();
 }
 
 QAction *TQLRCEditorViewCtl::action(EditorCommand command) const
@@ -83,6 +84,8 @@ bool TQLRCEditorViewCtl::canPerform(EditorCommand command) const
     case ShowSource:
     case ShowKeys:
         return true;
+    case SearchLyric:
+        return canSearch();
     case Undo:
         return m_history.stack().canUndo();
     case Redo:
@@ -131,6 +134,7 @@ void TQLRCEditorViewCtl::perform(EditorCommand command)
         {Redo, &TQLRCEditorViewCtl::redo},
         {ShowSource, &TQLRCEditorViewCtl::showSource},
         {OpenLyricFile, &TQLRCEditorViewCtl::openLyricFile},
+        {SearchLyric, &TQLRCEditorViewCtl::searchLyricClick},
         {ShowKeys, &TQLRCEditorViewCtl::showKeys},
     };
     static const std::map<EditorCommand, std::int64_t> nudges = {

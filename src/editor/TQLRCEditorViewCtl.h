@@ -118,6 +118,10 @@ public:
     void loadWithFileUrl(const QUrl &url);
     /// Asks for a lyric file and loads it; says so when it cannot be read.
     void openLyricFile(QObject *sender = nullptr);
+    /// Asks the host's lyric service for the lyric of the item, and returns at once; what it finds
+    /// replaces the working document. Without a service nothing happens. The editor lives until the
+    /// service has answered.
+    void searchLyricClick(QObject *sender = nullptr);
 
     // Time tagging
     /// Stamps the position that the label shows onto the selected line and moves on.
@@ -267,6 +271,10 @@ private:
     void tellOffset(double seconds);
     void refreshToolTips();
     void wireSourceButton();
+    void wireSearchButton();
+    void refreshSearchButton();
+    [[nodiscard]] bool canSearch() const;
+    void takeFoundLyric(const QByteArray &text);
     [[nodiscard]] bool canPerform(EditorCommand command) const;
     [[nodiscard]] editor::LineSelection selection() const;
     [[nodiscard]] editor::SongChanges &changes() { return m_history.changes(); }
@@ -340,6 +348,7 @@ private:
     QPointer<QAbstractButton> m_btnRestoreAll;
     QPointer<QAbstractButton> m_btnInsertAlbum;
     QPointer<QAbstractButton> m_btnSource;
+    QPointer<QAbstractButton> m_btnSearch;
     QPointer<QLineEdit> m_lblOffsetTime;
     std::unique_ptr<QWidget> m_offsetSetView;
     std::unique_ptr<editor::EditorActions> m_actions;

@@ -24,6 +24,9 @@ constexpr int kWidthForWords = 760;
 constexpr int kWidthForGroups = 560;
 constexpr int kRoomyToolWidth = 64;
 constexpr int kPictureWidth = 34;
+// Between the tools; pictures without words stand closer.
+constexpr int kSpacing = 4;
+constexpr int kPictureSpacing = 2;
 
 } // namespace
 
@@ -154,6 +157,7 @@ void ToolBarFolding::apply(Level level)
     const bool folded = level >= Level::Menu;
     const bool key
         = level == Level::Roomy || level == Level::Words || level == Level::Pictures || level == Level::Menu;
+    m_toolBar->layout()->setSpacing(words ? kSpacing : kPictureSpacing);
     for (const auto &tool : m_tools) {
         if (tool) {
             tool->setToolButtonStyle(words ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);

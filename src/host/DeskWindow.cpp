@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/DeskWindow.h"
 
+#include "host/DeskSearch.h"
 #include "host/Playback.h"
 #include "host/Song.h"
 #include "media/items/TaggedAudioFile.h"
@@ -43,9 +44,9 @@ std::shared_ptr<PeakProvider> peakProvider()
 
 } // namespace
 
-DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
+DeskWindow::DeskWindow(std::shared_ptr<media::Player> player, const LyricSearch::Settings &search)
     : m_player(std::move(player)), m_peaks(peakProvider()), m_playback(std::make_shared<Playback>(m_player)),
-      m_component(TQWLRCEditorViewCtl::initWithPlayer(m_player))
+      m_component(TQWLRCEditorViewCtl::initWithPlayer(m_player)), m_search(newSearch(search))
 {
     m_component->setDelegate(std::weak_ptr<TQLRCEditorViewCtlDelegate>(m_playback));
     setCentralWidget(m_component->view());
@@ -70,9 +71,19 @@ DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
 DeskWindow::~DeskWindow()
 {
     qApp->removeEventFilter(this);
+    // Before the editor that waits for the answer.
+    m_search.reset();
     m_playback->setOnLyricChanged({});
     // The view belongs to the component; the window must not take it along.
     takeCentralWidget();
+}
+
+std::unique_ptr<DeskSearch> DeskWindow::newSearch(const LyricSearch::Settings &settings)
+{
+    return std::make_unique<DeskSearch>(*this, settings, [this] {
+        return m_song ? LyricSearch::SongFacts{m_song->album(), m_song->duration()}
+                      : LyricSearch::SongFacts();
+    });
 }
 
 void DeskWindow::buildFileMenu()
@@ -81,6 +92,7 @@ void DeskWindow::buildFileMenu()
     menu->addAction(tr("&Open song…"), QKeySequence::Open, this, &DeskWindow::chooseSong);
     menu->addAction(tr("Open the &demonstration song"), this, &DeskWindow::openDemonstration);
     menu->addAction(m_component->action(EditorCommand::OpenLyricFile));
+    menu->addAction(m_component->action(EditorCommand::SearchLyric));
     menu->addSeparator();
     menu->addAction(tr("&Save lyric into the song"), QKeySequence::Save, this, &DeskWindow::save);
     menu->addSeparator();
@@ -188,6 +200,7 @@ bool DeskWindow::open(const QString &path)
         }
     }
     statusBar()->clearMessage();
+    m_search->withdraw();
     m_song = item;
     m_component->flushWithAudioItem(item);
     updateTitle();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/LyricSearch.h"
+
 #include <QtCore/QTimer>
 #include <QtWidgets/QMainWindow>
 
@@ -18,6 +20,7 @@ struct PlayerOutput;
 
 namespace desk {
 
+class DeskSearch;
 class Playback;
 
 /// lyricdesk's window: the editor for one song, with what a program has around it.
@@ -29,7 +32,9 @@ class DeskWindow final : public QMainWindow
     Q_OBJECT
 
 public:
-    explicit DeskWindow(std::shared_ptr<media::Player> player);
+    /// \param search  where lyrics are searched for.
+    explicit DeskWindow(
+        std::shared_ptr<media::Player> player, const LyricSearch::Settings &search = LyricSearch::Settings());
     ~DeskWindow() override;
 
     /// Opens the song at `path` and begins to play it. False, with nothing changed, when it
@@ -55,6 +60,7 @@ private:
     void buildEditMenu();
     void buildPlaybackMenu();
     void buildHelpMenu();
+    [[nodiscard]] std::unique_ptr<DeskSearch> newSearch(const LyricSearch::Settings &settings);
     void wirePlayer();
     void chooseSong();
     void playOrPause();
@@ -77,6 +83,7 @@ private:
     std::shared_ptr<Playback> m_playback;
     std::shared_ptr<TQWLRCEditorViewCtl> m_component;
     std::shared_ptr<media::TaggedAudioFile> m_song;
+    std::unique_ptr<DeskSearch> m_search;
     /// Once per turn of the event loop: comparing texts is not a part of a stamp.
     QTimer m_compareSoon;
 };

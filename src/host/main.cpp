@@ -8,9 +8,17 @@
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
+#include <cstdlib>
+
 namespace {
 
-QStringList songsFromCommandLine(const QApplication &application)
+struct CommandLine
+{
+    QStringList songs;
+    desk::LyricSearch::Settings search;
+};
+
+CommandLine readCommandLine(const QApplication &application)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -20,8 +28,26 @@ QStringList songsFromCommandLine(const QApplication &application)
     parser.addPositionalArgument(QStringLiteral("song"),
         QApplication::translate("main", "The song to open; without one, the demonstration song."),
         QStringLiteral("[song]"));
+    const QCommandLineOption service(QStringLiteral("lyric-service"),
+        QApplication::translate("main",
+            "Search for lyrics at <address>, which answers as lrclib.net does: https, or http on this "
+            "computer."),
+        QApplication::translate("main", "address"));
+    parser.addOption(service);
     parser.process(application);
-    return parser.positionalArguments();
+
+    CommandLine given{parser.positionalArguments(), {}};
+    given.search.userAgent = "lyricdesk v" TQLRC_VERSION;
+    if (parser.isSet(service)) {
+        given.search.address = QUrl(parser.value(service), QUrl::StrictMode);
+        if (!desk::isSafeAddress(given.search.address)) {
+            QTextStream(stderr) << "lyricdesk: --lyric-service takes an https address, or an http one on "
+                                   "this computer, not "
+                                << parser.value(service) << '\n';
+            std::exit(EXIT_FAILURE);
+        }
+    }
+    return given;
 }
 
 } // namespace
@@ -31,18 +57,19 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("lyricdesk"));
     QApplication::setApplicationVersion(QStringLiteral(TQLRC_VERSION));
-    const QStringList songs = songsFromCommandLine(application);
+    const auto [songs, search] = readCommandLine(application);
     if (songs.size() > 1) {
         QTextStream(stderr) << "lyricdesk: one song at a time: opening " << songs.first()
                             << "; open the others from the File menu\n";
     }
 
-    desk::DeskWindow window(media::Player::create());
+    desk::DeskWindow window(media::Player::create(), search);
     media::TaggedAudioFile::registerAsFactory();
     window.show();
     // From within the event loop, so that a message can be shown and the window is there already.
     QMetaObject::invokeMethod(
-        &window, [&] { songs.isEmpty() ? window.openDemonstration() : window.open(songs.first()); },
+        &window,
+        [&, &songs = songs] { songs.isEmpty() ? window.openDemonstration() : window.open(songs.first()); },
         Qt::QueuedConnection);
     return QApplication::exec();
 }

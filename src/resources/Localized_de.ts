@@ -719,5 +719,21 @@
         <source>A line is split at the caret: edit its text first.</source>
         <translation>Geteilt wird an der Schreibmarke: erst den Text bearbeiten.</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search for the lyric</source>
+        <translation>Liedtext suchen</translation>
+    </message>
+    <message>
+        <source>Search for the lyric of this song</source>
+        <translation>Den Liedtext dieses Stücks suchen</translation>
+    </message>
+    <message>
+        <source>search</source>
+        <translation>Suche</translation>
+    </message>
 </context>
 </TS>

@@ -719,5 +719,21 @@
         <source>A line is split at the caret: edit its text first.</source>
         <translation>A line is split at the caret: edit its text first.</translation>
     </message>
+    <message>
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>Search for the lyric</source>
+        <translation>Search for the lyric</translation>
+    </message>
+    <message>
+        <source>Search for the lyric of this song</source>
+        <translation>Search for the lyric of this song</translation>
+    </message>
+    <message>
+        <source>search</source>
+        <translation>search</translation>
+    </message>
 </context>
 </TS>

@@ -32,7 +32,8 @@ struct Bar
             {screen.editor->btnInsertTitle(), screen.editor->btnInsertArtist(),
                 screen.editor->btnInsertAlbum(), screen.editor->btnInsertEditBy(), screen.editor->btnDelCur(),
                 screen.editor->btnDelAll(), screen.editor->btnOffset(), screen.editor->btnRestoreAll(),
-                screen.view->findChild<QAbstractButton *>(QStringLiteral("btnSource"))}) {
+                screen.view->findChild<QAbstractButton *>(QStringLiteral("btnSource")),
+                screen.view->findChild<QAbstractButton *>(QStringLiteral("btnSearch"))}) {
             tools.append(qobject_cast<QToolButton *>(button));
         }
         return tools;

@@ -53,6 +53,7 @@ enum class EditorCommand {
     // The rest
     ShowSource,
     OpenLyricFile,
+    SearchLyric, ///< through the service that the host registered
     ShowKeys
 };
 

@@ -91,6 +91,7 @@ void tst_EditorKeys::defaults_data()
     row("paste text", EditorCommand::PasteTextAsLines, list("Ctrl+Shift+V"));
     row("source", EditorCommand::ShowSource, list("Ctrl+U"));
     row("open", EditorCommand::OpenLyricFile, list("Ctrl+Shift+O"));
+    row("search", EditorCommand::SearchLyric, list("Ctrl+Shift+F"));
     row("keys", EditorCommand::ShowKeys, list("F1"));
 }
 
