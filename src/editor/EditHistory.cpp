@@ -90,6 +90,7 @@ void EditHistory::end(TableState after, Kind kind)
 
 void EditHistory::clear()
 {
+    ++m_generation;
     m_changes.forget();
     m_stack.clear();
 }

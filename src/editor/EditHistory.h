@@ -50,6 +50,8 @@ public:
     void begin(const QString &name, TableState before);
     void end(TableState after, Kind kind = Kind::Command);
     [[nodiscard]] bool isOpen() const { return m_depth > 0; }
+    /// Another number for each history: what is begun on one song does not go on in the next.
+    [[nodiscard]] int generation() const { return m_generation; }
     /// Another song has come: nothing of what was done can be undone any more.
     void clear();
     /// What is typed from now on is a step of its own.
@@ -73,6 +75,7 @@ private:
     TableState m_before;
     int m_depth = 0;
     int m_typingRun = 0;
+    int m_generation = 0;
     // What the step that was just undone or redone says.
     std::optional<TableState> m_reached;
     bool m_fits = true;

@@ -104,7 +104,11 @@ void EditorActions::add(EditorCommand command)
     action->setShortcutVisibleInContextMenu(true);
     action->setAutoRepeat(repeats(command));
     action->setCheckable(command == EditorCommand::ShowSource);
-    connect(action, &QAction::triggered, this, [this, command] { m_perform(command); });
+    connect(action, &QAction::triggered, this, [this, command] {
+        if (!m_isLetGo) {
+            m_perform(command);
+        }
+    });
     m_actions.emplace(command, action);
 }
 
@@ -136,6 +140,9 @@ std::optional<EditorCommand> EditorActions::commandOf(const QAction *action) con
 
 void EditorActions::refresh()
 {
+    if (m_isLetGo) {
+        return;
+    }
     const bool isOurs = hasKeyboard();
     m_hadKeyboard = isOurs;
     for (const auto &[command, action] : m_actions) {
@@ -210,6 +217,8 @@ std::unique_ptr<QMenu> EditorActions::buildMenu(std::function<bool(const QAction
     for (QMenu *part : {menu.get(), times, tags}) {
         validateWhenShown(*part, validate);
     }
+    // Keys may do what the menu does not offer: the first stamp makes the first line.
+    connect(menu.get(), &QMenu::aboutToHide, this, &EditorActions::refresh);
     return menu;
 }
 
@@ -217,13 +226,11 @@ void EditorActions::validateWhenShown(QMenu &menu, const std::function<bool(cons
 {
     connect(&menu, &QMenu::aboutToShow, this, [this, &menu, validate] {
         for (QAction *item : menu.actions()) {
-            if (commandOf(item)) {
+            if (commandOf(item) && !m_isLetGo) {
                 item->setEnabled(validate(item));
             }
         }
     });
-    // Keys may do what the menu does not offer: the first stamp makes the first line.
-    connect(&menu, &QMenu::aboutToHide, this, &EditorActions::refresh);
 }
 
 } // namespace editor

@@ -32,6 +32,8 @@ public:
 
     EditorActions(Perform perform, CanPerform canPerform);
 
+    /// Whoever performs is gone: from now on the actions do nothing. They may be in use further up the stack.
+    void letGo() { m_isLetGo = true; }
     /// From now on the keys work in `view`'s window.
     void attachTo(QWidget *view);
     void setKeys(const EditorKeys &keys);
@@ -57,6 +59,7 @@ private:
     std::map<EditorCommand, QAction *> m_actions;
     QPointer<QWidget> m_view;
     bool m_hadKeyboard = true;
+    bool m_isLetGo = false;
 };
 
 } // namespace editor

@@ -62,6 +62,7 @@ void TQLRCEditorViewCtl::deleteAllTags(QObject *sender)
 void TQLRCEditorViewCtl::restoreAllClick(QObject *sender)
 {
     Q_UNUSED(sender)
+    flushSource();
     const Step step(*this, localized(QStringLiteral("restore")));
     RBEditSong song;
     song.buildWithLrcText(m_originSong.songText());

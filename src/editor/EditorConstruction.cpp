@@ -37,7 +37,13 @@ TQLRCEditorViewCtl::TQLRCEditorViewCtl()
     buildActions();
 }
 
-TQLRCEditorViewCtl::~TQLRCEditorViewCtl() = default;
+TQLRCEditorViewCtl::~TQLRCEditorViewCtl()
+{
+    // A menu whose item let the host close everything is still at work with it.
+    m_actions->letGo();
+    m_actions.release()->deleteLater();
+    m_tableRightMenu.release()->deleteLater();
+}
 
 std::shared_ptr<TQLRCEditorViewCtl> TQLRCEditorViewCtl::init()
 {

@@ -39,6 +39,13 @@ void TQLRCEditorViewCtl::pasteLinesClick(QObject *sender)
     }
 }
 
+void TQLRCEditorViewCtl::forgetSpellingOfCopies()
+{
+    for (RBSongLine &line : m_copiedLines) {
+        line = editor::withoutSpelling(line);
+    }
+}
+
 void TQLRCEditorViewCtl::copy(QObject *sender)
 {
     copyLinesClick(sender);

@@ -27,6 +27,18 @@ std::string_view bytes(const QByteArray &text)
     return {text.constData(), static_cast<std::size_t>(text.size())};
 }
 
+// Empty when none was chosen, and when the window under the dialog went away meanwhile.
+QString chosenLyricFile(QWidget *parent)
+{
+    const QPointer<QFileDialog> dialog = new QFileDialog(parent, localized(QStringLiteral("Open lyric file")),
+        QString(), localized(QStringLiteral("Lyrics (*.lrc *.txt);;All files (*)")));
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
+    const QStringList files = isChosen ? dialog->selectedFiles() : QStringList();
+    delete dialog;
+    return files.value(0);
+}
+
 } // namespace
 
 void TQLRCEditorViewCtl::flushWithAudioItem(const std::shared_ptr<WXEAudioFile> &item)
@@ -37,6 +49,7 @@ void TQLRCEditorViewCtl::flushWithAudioItem(const std::shared_ptr<WXEAudioFile> 
     m_textIsNewSinceItem = false;
     if (isAnother) {
         m_history.clear();
+        forgetSpellingOfCopies();
     }
     if (anotherItemsText) {
         showFirstLine();
@@ -47,6 +60,9 @@ void TQLRCEditorViewCtl::flushWithAudioItem(const std::shared_ptr<WXEAudioFile> 
 
 void TQLRCEditorViewCtl::flushWithOriginalSongText(const QByteArray &text)
 {
+    // What is still being typed belongs to the text that goes.
+    flushSource();
+    forgetSpellingOfCopies();
     m_originSong.buildWithLrcText(bytes(text));
     m_song.buildWithLrcText(bytes(text));
     m_history.clear();
@@ -140,9 +156,7 @@ void TQLRCEditorViewCtl::openLyricFile(QObject *sender)
 {
     Q_UNUSED(sender)
     const auto alive = self();
-    const QString path
-        = QFileDialog::getOpenFileName(viewIfLoaded(), localized(QStringLiteral("Open lyric file")),
-            QString(), localized(QStringLiteral("Lyrics (*.lrc *.txt);;All files (*)")));
+    const QString path = chosenLyricFile(viewIfLoaded());
     if (path.isEmpty()) {
         return;
     }

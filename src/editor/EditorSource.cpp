@@ -53,16 +53,22 @@ void TQLRCEditorViewCtl::buildSourceView()
     m_sourceView->hide();
     view()->findChild<QLayout *>(QStringLiteral("layoutEditor"))->addWidget(m_sourceView);
     QWidget::setTabOrder(m_tableView, m_sourceView);
-    m_sourceView->setProblemFinder([this](int line) { return problemsOfLine(line); });
+    // The view may outlive us by a turn of the event loop.
+    const std::weak_ptr<TQLRCEditorViewCtl> weak = self();
+    m_sourceView->setProblemFinder([weak](int line) {
+        const auto editor = weak.lock();
+        return editor ? editor->problemsOfLine(line) : QString();
+    });
     for (const EditorCommand command :
         {EditorCommand::Undo, EditorCommand::Redo, EditorCommand::ShowSource}) {
         m_sourceView->addAction(action(command));
     }
     connect(m_sourceView, &SourceView::sourceEdited, this, &TQLRCEditorViewCtl::takeSource);
-    connect(m_sourceView, &SourceView::caretLineChanged, this, [this] {
-        m_history.closeTyping();
-        selectRowOfCaret();
-    });
+    connect(m_sourceView, &SourceView::caretLineChanged, this, [this] { m_history.closeTyping(); });
+    // The host hears of it, and may close everything: not while the text is still at work on the key.
+    connect(
+        m_sourceView, &SourceView::caretLineChanged, this, [this] { selectRowOfCaret(); },
+        Qt::QueuedConnection);
 }
 
 void TQLRCEditorViewCtl::updateSource()
@@ -75,8 +81,17 @@ void TQLRCEditorViewCtl::updateSource()
     }
 }
 
+void TQLRCEditorViewCtl::flushSource()
+{
+    if (isSourceShown()) {
+        m_sourceView->flushEdits();
+        selectRowOfCaret();
+    }
+}
+
 void TQLRCEditorViewCtl::takeSource()
 {
+    const auto alive = self();
     const QByteArray text = m_sourceView->sourceText();
     if (text == songText()) {
         return;
@@ -85,7 +100,11 @@ void TQLRCEditorViewCtl::takeSource()
     RBEditSong song;
     song.buildWithLrcText({text.constData(), static_cast<std::size_t>(text.size())});
     changes().replace(std::move(song));
-    reloadDataWithLrcChanged();
+    {
+        // The caret stays where it types, whatever row a reload selects.
+        const QScopedValueRollback showing(m_isShowingSource, true);
+        reloadDataWithLrcChanged();
+    }
     selectRowOfCaret();
 }
 
@@ -99,6 +118,7 @@ const editor::PhysicalLines &TQLRCEditorViewCtl::physicalLines()
 
 void TQLRCEditorViewCtl::selectRowOfCaret()
 {
+    const auto alive = self();
     if (m_isShowingSource || !isSourceShown()) {
         return;
     }

@@ -68,9 +68,7 @@ void TQLRCEditorViewCtl::commitEditing()
         // Who saves goes on typing; a reload closes the cell by itself.
         m_tableView->commitTypedText();
     }
-    if (isSourceShown()) {
-        m_sourceView->flushEdits();
-    }
+    flushSource();
 }
 
 int TQLRCEditorViewCtl::numberOfRowsInTableView(MyTableView *tableView)

@@ -45,8 +45,12 @@ void TQLRCEditorViewCtl::insertTimeTag(QObject *sender)
 {
     Q_UNUSED(sender)
     const Step step(*this, localized(QStringLiteral("stamp")));
+    const int song = m_history.generation();
     stampSelectedLine();
-    selectNextLine(false);
+    // The host may have shown another song when it was told.
+    if (song == m_history.generation()) {
+        selectNextLine(false);
+    }
 }
 
 void TQLRCEditorViewCtl::insertTimeTagAndStay(QObject *sender)

@@ -3,8 +3,8 @@
 
 #include "editor/LineColumns.h"
 #include "editor/SongChanges.h"
-#include "editor/TextSplice.h"
 #include "lyrics/RBEditSong.h"
+#include "lyrics/WordStamps.h"
 
 #include <QtCore/QByteArray>
 
@@ -16,21 +16,6 @@
 namespace editor {
 
 namespace {
-
-// The same words, times and tag, in no text yet.
-RBSongLine withoutSpelling(const RBSongLine &line)
-{
-    RBSongLine made = RBSongLine::emptyLine();
-    if (line.isProperty()) {
-        made.setIsProperty(true);
-        made.setPropertyStr(line.propertyStr());
-    }
-    for (const std::int64_t time : line.aryTimes()) {
-        made.appendTime(time);
-    }
-    made.updateWithText(shownText(line));
-    return made;
-}
 
 bool isBare(const RBSongLine &line)
 {
@@ -55,6 +40,20 @@ std::optional<kit::RowRange> placed(
 }
 
 } // namespace
+
+RBSongLine withoutSpelling(const RBSongLine &line)
+{
+    RBSongLine made = RBSongLine::emptyLine();
+    if (line.isProperty()) {
+        made.setIsProperty(true);
+        made.setPropertyStr(line.propertyStr());
+    }
+    for (const std::int64_t time : line.aryTimes()) {
+        made.appendTime(time);
+    }
+    made.updateWithText(shownText(line));
+    return made;
+}
 
 QString lrcTextOf(std::span<const RBSongLine> lines)
 {
@@ -114,14 +113,15 @@ std::optional<kit::RowRange> pasteIntoText(
             ? placed(changes, row, 1, std::move(lines))
             : placed(changes, row + 1, 0, std::move(lines));
     }
-    // The words on either side of the caret, with the stamps that are theirs.
+    // The words on either side of the caret, byte for byte, with the stamps that are theirs.
+    const auto [head, tail] = wordsAround(*line, before, after);
     RBSongLine first = line->copy();
-    updateShownWords(first, before);
+    lyrics::updateWithWords(first, head);
     std::string opening(shownText(first));
     opening += before.endsWith(QLatin1Char(' ')) ? " " : "";
     opening += lines.front().lineText();
     std::string end = after.startsWith(QLatin1Char(' ')) ? " " : "";
-    end += lineOfWords(*line, after).lineText();
+    end += lineOfWords(*line, tail).lineText();
     if (lines.size() == 1) {
         first.updateWithText(opening + end);
     } else {

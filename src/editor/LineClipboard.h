@@ -20,6 +20,10 @@ namespace editor {
 /// between verses are lines; a text of nothing but blanks has none.
 [[nodiscard]] std::vector<RBSongLine> linesOfText(const QString &text);
 
+/// The same words, times and tag as a line of no text: it gets the line end of the document that it goes
+/// into.
+[[nodiscard]] RBSongLine withoutSpelling(const RBSongLine &line);
+
 /// Puts the lines of `text` below the last selected row, at the end when nothing is selected, or in the place
 /// of the selected line when that is untimed and empty. The rows on which they are; nothing when `text` has
 /// none.

@@ -5,6 +5,7 @@
 #include "editor/SongChanges.h"
 #include "editor/TextSplice.h"
 #include "lyrics/RBEditSong.h"
+#include "lyrics/WordStamps.h"
 
 #include <QtCore/QChar>
 
@@ -18,6 +19,8 @@ namespace {
 
 // How far a new line is from the line that it was made beside.
 constexpr std::int64_t kSpacingMillis = 200;
+// In bytes.
+constexpr std::size_t kLongestCharacter = 4;
 
 std::size_t index(int row)
 {
@@ -51,8 +54,10 @@ bool isWrittenWithoutBlanks(char32_t character)
 // What stands between two texts that become one.
 std::string_view jointOf(std::string_view first, std::string_view second)
 {
-    const auto left = shownForm(first).toUcs4();
-    const auto right = shownForm(second).toUcs4();
+    // The characters that meet, and no more: the first text grows with each line.
+    const auto left
+        = shownForm(first.substr(first.size() - std::min(first.size(), kLongestCharacter))).toUcs4();
+    const auto right = shownForm(second.substr(0, kLongestCharacter)).toUcs4();
     if (left.isEmpty() || right.isEmpty()) {
         return {};
     }
@@ -61,11 +66,20 @@ std::string_view jointOf(std::string_view first, std::string_view second)
 
 } // namespace
 
-RBSongLine lineOfWords(const RBSongLine &line, const QString &words)
+WordsAround wordsAround(const RBSongLine &line, const QString &before, const QString &after)
+{
+    const std::string words = shownWords(line);
+    const qsizetype units = shownForm(words).size();
+    const auto begin = static_cast<std::size_t>(bytesOfPrefix(words, before.size()));
+    const auto end = static_cast<std::size_t>(bytesOfPrefix(words, units - after.size()));
+    return {words.substr(0, begin), words.substr(end)};
+}
+
+RBSongLine lineOfWords(const RBSongLine &line, std::string_view words)
 {
     RBSongLine made = RBSongLine::emptyLine();
     made.updateWithText(shownText(line));
-    updateShownWords(made, words);
+    lyrics::updateWithWords(made, words);
     return made;
 }
 
@@ -232,9 +246,10 @@ bool split(SongChanges &changes, int row, const QString &before, const QString &
     if (!line) {
         return false;
     }
+    const auto [head, tail] = wordsAround(*line, before, after);
     RBSongLine first = line->copy();
-    RBSongLine second = lineOfWords(*line, after);
-    updateShownWords(first, before);
+    RBSongLine second = lineOfWords(*line, tail);
+    lyrics::updateWithWords(first, head);
     changes.splice(index(row), 1, {std::move(first), std::move(second)});
     return true;
 }

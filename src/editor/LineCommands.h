@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -38,8 +39,16 @@ struct LineSelection
     [[nodiscard]] int lastRow() const { return rows.empty() ? -1 : rows.back().last; }
 };
 
-/// An untimed line with those of the words of `line` that `words`, a part of what its cell shows, has.
-[[nodiscard]] RBSongLine lineOfWords(const RBSongLine &line, const QString &words);
+/// The words of `line` before and behind a place or a selection in its cell, whose shown form is `before` and
+/// `after`: the bytes themselves, also of what cannot be shown.
+struct WordsAround
+{
+    std::string head;
+    std::string tail;
+};
+[[nodiscard]] WordsAround wordsAround(const RBSongLine &line, const QString &before, const QString &after);
+/// An untimed line with those of the words of `line`, and their stamps, that `words` has.
+[[nodiscard]] RBSongLine lineOfWords(const RBSongLine &line, std::string_view words);
 
 /// Null for a row that names no line.
 [[nodiscard]] const RBSongLine *lineAt(const RBEditSong &song, int row);
@@ -64,8 +73,8 @@ bool paste(SongChanges &changes, const LineSelection &selection, std::span<const
 [[nodiscard]] std::optional<kit::RowRanges> moveDown(SongChanges &changes, const kit::RowRanges &rows);
 
 /// Makes one line of the selected ones that stand together from the first one on, or of the selected one and
-/// the next. It keeps the times of the first of them that has any. The row of the line; nothing when there
-/// is nothing to merge.
+/// the next. It keeps the times of the first of them that has any; a tag line takes the words and no times.
+/// The row of the line; nothing when there is nothing to merge.
 [[nodiscard]] std::optional<int> merge(SongChanges &changes, const kit::RowRanges &rows);
 /// Ends the line at `row` before the place where the shown text `before` ends; what stands after `after`
 /// begins goes into an untimed line below.

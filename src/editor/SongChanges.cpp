@@ -99,6 +99,11 @@ std::size_t SongChanges::shift(const kit::RowRanges &rows, std::int64_t millis)
 
 void SongChanges::replace(RBEditSong song)
 {
+    m_song.updateSongText();
+    song.updateSongText();
+    if (m_song.songText() == song.songText()) {
+        return;
+    }
     SongDelta delta = SongReplaced{std::move(song)};
     toggle(delta, m_song);
     m_deltas.push_back(std::move(delta));

@@ -58,7 +58,7 @@ public:
     /// Moves every time of the lines in `rows` that are no tag lines, later for a positive amount.
     /// Returns how many times would have fallen below 0 and are 0 now.
     std::size_t shift(const kit::RowRanges &rows, std::int64_t millis);
-    /// Puts `song` in the document's place, which is moved, not copied.
+    /// Puts `song` in the document's place, which is moved, not copied. The same text is no change.
     void replace(RBEditSong song);
 
     /// All rows of the document.

@@ -297,6 +297,9 @@ private:
     void buildSourceView();
     void updateSource();
     void takeSource();
+    /// What was typed in the source goes into the document now.
+    void flushSource();
+    void forgetSpellingOfCopies();
     [[nodiscard]] const editor::PhysicalLines &physicalLines();
     void selectRowOfCaret();
     void moveCaretToSelectedRow();

@@ -118,6 +118,17 @@ private Q_SLOTS:
         QCOMPARE(screen.editor->songText(), QByteArray("b\na\n"));
     }
 
+    void linesOfAnotherSongGetTheLineEndsOfThisOne()
+    {
+        EditorOnScreen screen;
+        screen.load("[0:1.5]a\r\nb\r\n");
+        screen.table()->selectAll();
+        screen.editor->copyLinesClick();
+        screen.load("x\ny\n");
+        screen.editor->pasteLinesClick();
+        QCOMPARE(screen.editor->songText(), QByteArray("x\n[00:01.50]a\nb\ny\n"));
+    }
+
     void copyingNothingEmptiesTheBufferAndPastingItOnlyTellsTheHost()
     {
         EditorOnScreen screen;

@@ -177,6 +177,13 @@ TEST(LineCommands, SplittingKeepsTheTimesOnTheFirstPartAndEveryByte)
     EXPECT_EQ(desk.text(), "[0:1.5] one\xFF\r\ntwo\r\nrest\r\n");
 }
 
+TEST(LineCommands, SplittingTellsBytesApartThatLookAlike)
+{
+    Desk desk("\xE0 moi \xE9tait\n");
+    EXPECT_TRUE(editor::split(desk.changes, 0, QStringLiteral("\uFFFD moi "), QStringLiteral("\uFFFDtait")));
+    EXPECT_EQ(desk.text(), "\xE0 moi\n\xE9tait\n");
+}
+
 TEST(LineCommands, SplittingTakesTheStampsOfTheWordsAlong)
 {
     Desk desk("[00:01.00]<00:01.00>one <00:02.00>two <00:03.00>three\n");

@@ -49,6 +49,7 @@ private Q_SLOTS:
         QCOMPARE(sourceOf(screen)->caretLine(), 1);
         QVERIFY(screen.editor->action(EditorCommand::ShowSource)->isChecked());
         QTest::keyClick(sourceOf(screen), Qt::Key_Down);
+        QCoreApplication::processEvents();
         QCOMPARE(screen.table()->selectedRow(), 3);
         QTest::keyClick(sourceOf(screen), Qt::Key_U, Qt::ControlModifier);
         QVERIFY(screen.table()->isVisible());
@@ -113,6 +114,7 @@ private Q_SLOTS:
         showSource(screen);
         type(screen, QStringLiteral("1"));
         QTest::keyClick(sourceOf(screen), Qt::Key_Down);
+        QCoreApplication::processEvents();
         type(screen, QStringLiteral("2"));
         screen.editor->undo();
         QCOMPARE(screen.editor->songText(), QByteArray("1a\nb\n"));
@@ -125,6 +127,7 @@ private Q_SLOTS:
         showSource(screen);
         screen.editor->updatePlayerProgress(3.5);
         QTest::keyClick(sourceOf(screen), Qt::Key_Down);
+        QCoreApplication::processEvents();
         QTest::mouseClick(screen.editor->btnInsertTime(), Qt::LeftButton);
         QCOMPARE(sourceOf(screen)->sourceText(), QByteArray("a\n[00:03.50]b\nc\n"));
         QCOMPARE(sourceOf(screen)->caretLine(), 2);
@@ -195,6 +198,30 @@ private Q_SLOTS:
             marked += line.hasProblem ? 1 : 0;
         }
         QCOMPARE(marked, 1);
+    }
+
+    void theViewMayOutliveTheEditor()
+    {
+        EditorOnScreen screen;
+        screen.load("a\nb\n");
+        showSource(screen);
+        QTest::keyClicks(sourceOf(screen), QStringLiteral("x"));
+        screen.host->onChanged = [&screen] { screen.editor.reset(); };
+        QCoreApplication::processEvents();
+        QVERIFY(!screen.editor);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+
+    void theCaretStaysBehindWhatIsPastedIntoAnEmptySource()
+    {
+        EditorOnScreen screen;
+        screen.load("");
+        QVERIFY(QTest::qWaitForWindowActive(screen.view));
+        QTest::keyClick(screen.view, Qt::Key_U, Qt::ControlModifier);
+        type(screen, QStringLiteral("one"));
+        type(screen, QStringLiteral(" two"));
+        QCOMPARE(screen.editor->songText(), QByteArray("one two"));
     }
 };
 
