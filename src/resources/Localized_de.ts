@@ -691,5 +691,29 @@
         <source>Take the times and tags off the selected lines</source>
         <translation>Entfernt Zeiten und Merkmale der ausgewählten Zeilen</translation>
     </message>
+    <message>
+        <source>Show the finished lyric while it plays</source>
+        <translation>Zeigt den fertigen Liedtext zur Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Align left</source>
+        <translation>Linksbündig</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Zentriert</translation>
+    </message>
+    <message>
+        <source>Align right</source>
+        <translation>Rechtsbündig</translation>
+    </message>
+    <message>
+        <source>Show the tag lines</source>
+        <translation>Zeilen mit Merkmalen zeigen</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Ausrichtung</translation>
+    </message>
 </context>
 </TS>
