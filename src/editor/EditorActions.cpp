@@ -4,6 +4,7 @@
 #include "editor/CommandTitles.h"
 #include "resources/Localized.h"
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 
@@ -55,6 +56,8 @@ QString operationName(EditorCommand command)
         {EditorCommand::Redo, "redo"},
         {EditorCommand::ShowSource, "showSource"},
         {EditorCommand::OpenLyricFile, "openLyricFile"},
+        {EditorCommand::Preview, "previewClicked"},
+        {EditorCommand::Help, "helpClick"},
         {EditorCommand::ShowKeys, "showKeys"},
     };
     const auto found = names.find(command);
@@ -109,6 +112,7 @@ void EditorActions::add(EditorCommand command)
 void EditorActions::attachTo(QWidget *view)
 {
     m_view = view;
+    view->installEventFilter(this);
     for (const auto &[command, action] : m_actions) {
         view->addAction(action);
     }
@@ -136,8 +140,18 @@ void EditorActions::refresh()
 {
     const bool isOurs = hasKeyboard();
     for (const auto &[command, action] : m_actions) {
-        action->setEnabled(isOurs && !isKeyOfFocus(command) && m_canPerform(command));
+        const bool isHere = !m_isAway || command == EditorCommand::Help;
+        action->setEnabled(isOurs && isHere && !isKeyOfFocus(command) && m_canPerform(command));
     }
+}
+
+bool EditorActions::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_view && (event->type() == QEvent::Show || event->type() == QEvent::Hide)) {
+        m_isAway = event->type() == QEvent::Hide;
+        refresh();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 bool EditorActions::hasKeyboard() const
@@ -199,7 +213,9 @@ std::unique_ptr<QMenu> EditorActions::buildMenu(std::function<bool(const QAction
     menu->addSeparator();
     addTo(*menu, {DeleteLines, DeleteAllLines, RestoreAll});
     menu->addSeparator();
-    addTo(*menu, {OpenLyricFile, ShowSource, ShowKeys});
+    addTo(*menu, {OpenLyricFile, ShowSource, Preview});
+    menu->addSeparator();
+    addTo(*menu, {ShowKeys, Help});
     for (QMenu *part : {menu.get(), times, tags}) {
         validateWhenShown(*part, validate);
     }

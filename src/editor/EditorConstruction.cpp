@@ -88,6 +88,7 @@ void TQLRCEditorViewCtl::viewDidLoad()
     refreshBtnsImages();
     wireButtons();
     wireSourceButton();
+    wirePreviewAndHelp();
     m_actions->attachTo(view());
     refreshToolTips();
     buildOffsetView();
@@ -170,6 +171,7 @@ void TQLRCEditorViewCtl::refreshBtnsImages()
         {m_btnOffset, "credit-offset"},
         {m_btnRestoreAll, "tag_restore_all"},
         {m_btnInsertAlbum, "tag_album_insert"},
+        {m_btnPreview, "preview"},
     };
     for (const auto &[button, name] : images) {
         if (button) {

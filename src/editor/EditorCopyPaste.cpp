@@ -95,6 +95,7 @@ bool TQLRCEditorViewCtl::validateMenuItem(const QAction *item) const
     case EditorCommand::PasteTextAsLines:
     case EditorCommand::ShowSource:
     case EditorCommand::OpenLyricFile:
+    case EditorCommand::Help:
     case EditorCommand::ShowKeys:
     case EditorCommand::PlayOrPause:
         return canPerform(*command);

@@ -56,8 +56,11 @@ bool TQLRCEditorViewCtl::canPerform(EditorCommand command) const
     case PlayOrPause:
     case OpenLyricFile:
     case ShowSource:
+    case Preview:
     case ShowKeys:
         return true;
+    case Help:
+        return hasHelpPage();
     case Undo:
         return m_history.stack().canUndo();
     case Redo:
@@ -106,6 +109,8 @@ void TQLRCEditorViewCtl::perform(EditorCommand command)
         {Redo, &TQLRCEditorViewCtl::redo},
         {ShowSource, &TQLRCEditorViewCtl::showSource},
         {OpenLyricFile, &TQLRCEditorViewCtl::openLyricFile},
+        {Preview, &TQLRCEditorViewCtl::previewClicked},
+        {Help, &TQLRCEditorViewCtl::helpClick},
         {ShowKeys, &TQLRCEditorViewCtl::showKeys},
     };
     static const std::map<EditorCommand, std::int64_t> nudges = {

@@ -56,6 +56,7 @@ void TQLRCEditorViewCtl::refreshToolTips()
         {m_btnOffset, OffsetAll},
         {m_btnRestoreAll, RestoreAll},
         {m_btnSource, ShowSource},
+        {m_btnPreview, Preview},
     };
     for (const auto &[button, command] : buttons) {
         if (!button->property(kHint).isValid()) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/DeskWindow.h"
 
+#include "host/HelpPage.h"
 #include "host/Playback.h"
 #include "host/Song.h"
 #include "media/items/TaggedAudioFile.h"
@@ -29,6 +30,8 @@ DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
     : m_player(std::move(player)), m_playback(std::make_shared<Playback>(m_player)),
       m_component(TQWLRCEditorViewCtl::initWithPlayer(m_player))
 {
+    // Before the view is loaded, which shows what there is help for.
+    m_component->config()->setHelpUrl(helpPage());
     m_component->setDelegate(std::weak_ptr<TQLRCEditorViewCtlDelegate>(m_playback));
     setCentralWidget(m_component->view());
     setWindowIcon(QIcon(QStringLiteral(":/tqlrceditor/lyricdesk.svg")));
@@ -37,6 +40,7 @@ DeskWindow::DeskWindow(std::shared_ptr<media::Player> player)
     statusBar()->setSizeGripEnabled(false);
     buildFileMenu();
     buildEditMenu();
+    buildViewMenu();
     buildPlaybackMenu();
     buildHelpMenu();
     wirePlayer();
@@ -75,7 +79,7 @@ void DeskWindow::buildEditMenu()
     QMenu *menu = menuBar()->addMenu(tr("&Edit"));
     const std::initializer_list<std::initializer_list<EditorCommand>> groups = {{Undo, Redo},
         {Copy, Paste, PasteTextAsLines, SelectAll}, {InsertLineBefore, InsertLineAfter, DuplicateLine},
-        {MoveUp, MoveDown, MergeWithNext}, {Untag, DeleteLines}, {OffsetSelection, OffsetAll}, {ShowSource}};
+        {MoveUp, MoveDown, MergeWithNext}, {Untag, DeleteLines}, {OffsetSelection, OffsetAll}};
     for (const auto &group : groups) {
         for (const EditorCommand command : group) {
             menu->addAction(m_component->action(command));
@@ -83,6 +87,13 @@ void DeskWindow::buildEditMenu()
         menu->addSeparator();
     }
     menu->removeAction(menu->actions().constLast());
+}
+
+void DeskWindow::buildViewMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&View"));
+    menu->addAction(m_component->action(EditorCommand::Preview));
+    menu->addAction(m_component->action(EditorCommand::ShowSource));
 }
 
 void DeskWindow::buildPlaybackMenu()
@@ -99,6 +110,7 @@ void DeskWindow::buildPlaybackMenu()
 void DeskWindow::buildHelpMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(m_component->action(EditorCommand::Help));
     menu->addAction(m_component->action(EditorCommand::ShowKeys));
     menu->addSeparator();
     menu->addAction(tr("&About lyricdesk"), this, &DeskWindow::showAbout);

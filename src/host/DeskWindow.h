@@ -52,6 +52,7 @@ protected:
 private:
     void buildFileMenu();
     void buildEditMenu();
+    void buildViewMenu();
     void buildPlaybackMenu();
     void buildHelpMenu();
     void wirePlayer();

@@ -45,6 +45,7 @@ const QList<Default> &defaults()
         {Command::PasteTextAsLines, {Qt::CTRL | Qt::SHIFT | Qt::Key_V}},
         {Command::ShowSource, {Qt::CTRL | Qt::Key_U}},
         {Command::OpenLyricFile, {Qt::CTRL | Qt::SHIFT | Qt::Key_O}},
+        {Command::Preview, {Qt::CTRL | Qt::Key_P}},
         {Command::ShowKeys, {Qt::Key_F1}},
     };
     return all;

@@ -53,6 +53,8 @@ enum class EditorCommand {
     // The rest
     ShowSource,
     OpenLyricFile,
+    Preview,
+    Help, ///< opens the help page; without keys, and without a page it cannot be done
     ShowKeys
 };
 

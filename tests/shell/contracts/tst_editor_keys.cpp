@@ -91,6 +91,8 @@ void tst_EditorKeys::defaults_data()
     row("paste text", EditorCommand::PasteTextAsLines, list("Ctrl+Shift+V"));
     row("source", EditorCommand::ShowSource, list("Ctrl+U"));
     row("open", EditorCommand::OpenLyricFile, list("Ctrl+Shift+O"));
+    row("preview", EditorCommand::Preview, list("Ctrl+P"));
+    row("help", EditorCommand::Help, {});
     row("keys", EditorCommand::ShowKeys, list("F1"));
 }
 
