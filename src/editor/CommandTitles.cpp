@@ -76,6 +76,8 @@ constexpr std::array kRows{
     Row{Command::ShowSource, Group::Lyric, [] { return localized(QStringLiteral("Show the LRC text")); }},
     Row{Command::OpenLyricFile, Group::Lyric, [] { return localized(QStringLiteral("Open lyric file…")); }},
     Row{Command::SearchLyric, Group::Lyric, [] { return localized(QStringLiteral("Search for the lyric")); }},
+    Row{Command::Preview, Group::Lyric, [] { return localized(QStringLiteral("Preview")); }},
+    Row{Command::Help, Group::Lyric, [] { return localized(QStringLiteral("Open the help page")); }},
     Row{Command::ShowKeys, Group::Lyric, [] { return localized(QStringLiteral("Show all keys")); }},
 };
 

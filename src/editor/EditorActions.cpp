@@ -4,6 +4,7 @@
 #include "editor/CommandTitles.h"
 #include "resources/Localized.h"
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMenuBar>
@@ -57,6 +58,8 @@ QString operationName(EditorCommand command)
         {EditorCommand::ShowSource, "showSource"},
         {EditorCommand::OpenLyricFile, "openLyricFile"},
         {EditorCommand::SearchLyric, "searchLyricClick"},
+        {EditorCommand::Preview, "previewClicked"},
+        {EditorCommand::Help, "helpClick"},
         {EditorCommand::ShowKeys, "showKeys"},
     };
     const auto found = names.find(command);
@@ -115,6 +118,7 @@ void EditorActions::add(EditorCommand command)
 void EditorActions::attachTo(QWidget *view)
 {
     m_view = view;
+    view->installEventFilter(this);
     for (const auto &[command, action] : m_actions) {
         view->addAction(action);
     }
@@ -146,8 +150,18 @@ void EditorActions::refresh()
     const bool isOurs = hasKeyboard();
     m_hadKeyboard = isOurs;
     for (const auto &[command, action] : m_actions) {
-        action->setEnabled(isOurs && !isKeyOfFocus(command) && m_canPerform(command));
+        const bool isHere = !m_isAway || command == EditorCommand::Help;
+        action->setEnabled(isOurs && isHere && !isKeyOfFocus(command) && m_canPerform(command));
     }
+}
+
+bool EditorActions::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_view && (event->type() == QEvent::Show || event->type() == QEvent::Hide)) {
+        m_isAway = event->type() == QEvent::Hide;
+        refresh();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 bool EditorActions::hasKeyboard() const
@@ -213,7 +227,9 @@ std::unique_ptr<QMenu> EditorActions::buildMenu(std::function<bool(const QAction
     menu->addSeparator();
     addTo(*menu, {DeleteLines, DeleteAllLines, RestoreAll});
     menu->addSeparator();
-    addTo(*menu, {OpenLyricFile, SearchLyric, ShowSource, ShowKeys});
+    addTo(*menu, {OpenLyricFile, SearchLyric, ShowSource, Preview});
+    menu->addSeparator();
+    addTo(*menu, {ShowKeys, Help});
     for (QMenu *part : {menu.get(), times, tags}) {
         validateWhenShown(*part, validate);
     }

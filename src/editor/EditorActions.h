@@ -19,9 +19,10 @@ namespace editor {
 /// The commands as actions: one for each, with its keys, for the line editor's view, its context menu and the
 /// host's menus.
 ///
-/// The keys work while the view is on screen in the active window and the keyboard is in it, in its
-/// neighbours within the component, or nowhere; never while it is elsewhere in the host's window.
-/// What is typed into a text belongs to the text.
+/// While the view was taken from the screen no command can act, but for the help. The keys work while the
+/// view is on screen in the active window and the keyboard is in it, in its neighbours within the component,
+/// or nowhere; never while it is elsewhere in the host's window. What is typed into a text belongs to the
+/// text.
 class EditorActions : public QObject
 {
     Q_OBJECT
@@ -44,6 +45,7 @@ public:
     void refresh();
     /// What the menu says behind "Undo" and "Redo"; empty for nothing.
     void setStepNames(const QString &undo, const QString &redo);
+    bool eventFilter(QObject *watched, QEvent *event) override;
     /// A menu of all commands in groups. `validate` is asked for each whenever it opens.
     [[nodiscard]] std::unique_ptr<QMenu> buildMenu(std::function<bool(const QAction *)> validate);
 
@@ -60,6 +62,8 @@ private:
     QPointer<QWidget> m_view;
     bool m_hadKeyboard = true;
     bool m_isLetGo = false;
+    // Another view has the place of ours: what nobody sees is not to be changed.
+    bool m_isAway = false;
 };
 
 } // namespace editor

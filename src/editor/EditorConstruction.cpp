@@ -96,6 +96,7 @@ void TQLRCEditorViewCtl::viewDidLoad()
     wireButtons();
     wireSourceButton();
     wireSearchButton();
+    wirePreviewAndHelp();
     m_actions->attachTo(view());
     refreshToolTips();
     buildOffsetView();
@@ -185,6 +186,7 @@ void TQLRCEditorViewCtl::refreshBtnsImages()
         {m_btnOffset, "credit-offset"},
         {m_btnRestoreAll, "tag_restore_all"},
         {m_btnInsertAlbum, "tag_album_insert"},
+        {m_btnPreview, "preview"},
     };
     for (const auto &[button, name] : images) {
         if (button) {

@@ -115,6 +115,7 @@ bool TQLRCEditorViewCtl::validateMenuItem(const QAction *item) const
     case EditorCommand::ShowSource:
     case EditorCommand::OpenLyricFile:
     case EditorCommand::SearchLyric:
+    case EditorCommand::Help:
     case EditorCommand::ShowKeys:
     case EditorCommand::PlayOrPause:
         return canPerform(*command);

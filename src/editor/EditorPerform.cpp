@@ -82,10 +82,13 @@ bool TQLRCEditorViewCtl::canPerform(EditorCommand command) const
     case PlayOrPause:
     case OpenLyricFile:
     case ShowSource:
+    case Preview:
     case ShowKeys:
         return true;
     case SearchLyric:
         return canSearch();
+    case Help:
+        return hasHelpPage();
     case Undo:
         return m_history.stack().canUndo();
     case Redo:
@@ -135,6 +138,8 @@ void TQLRCEditorViewCtl::perform(EditorCommand command)
         {ShowSource, &TQLRCEditorViewCtl::showSource},
         {OpenLyricFile, &TQLRCEditorViewCtl::openLyricFile},
         {SearchLyric, &TQLRCEditorViewCtl::searchLyricClick},
+        {Preview, &TQLRCEditorViewCtl::previewClicked},
+        {Help, &TQLRCEditorViewCtl::helpClick},
         {ShowKeys, &TQLRCEditorViewCtl::showKeys},
     };
     static const std::map<EditorCommand, std::int64_t> nudges = {

@@ -57,6 +57,7 @@ void TQLRCEditorViewCtl::refreshToolTips()
         {m_btnRestoreAll, RestoreAll},
         {m_btnSource, ShowSource},
         {m_btnSearch, SearchLyric},
+        {m_btnPreview, Preview},
     };
     for (const auto &[button, command] : buttons) {
         if (!button->property(kHint).isValid()) {

@@ -192,6 +192,12 @@ public:
     /// Shifts the times of the selected lines by `seconds`; below 10 ms does nothing.
     void adjustSelectedTimeTags(double seconds);
 
+    // Preview and help
+    /// Asks the container for the preview, with `sender`; says why not when no line has a time.
+    void previewClicked(QObject *sender = nullptr);
+    /// Opens the help page of the settings in a browser; without one does nothing.
+    void helpClick(QObject *sender = nullptr);
+
     // Keys
     /// The command as an action for the host's menus: with its keys, its text ("Undo stamp") and
     /// whether it can act now. Lives as long as the editor.
@@ -275,6 +281,8 @@ private:
     void refreshSearchButton();
     [[nodiscard]] bool canSearch() const;
     void takeFoundLyric(const QByteArray &text);
+    void wirePreviewAndHelp();
+    [[nodiscard]] static bool hasHelpPage();
     [[nodiscard]] bool canPerform(EditorCommand command) const;
     [[nodiscard]] editor::LineSelection selection() const;
     [[nodiscard]] editor::SongChanges &changes() { return m_history.changes(); }

@@ -23,7 +23,7 @@ namespace {
 constexpr int kWidthForWords = 760;
 constexpr int kWidthForGroups = 560;
 constexpr int kRoomyToolWidth = 64;
-constexpr int kPictureWidth = 34;
+constexpr int kPictureWidth = 30;
 // Between the tools; pictures without words stand closer.
 constexpr int kSpacing = 4;
 constexpr int kPictureSpacing = 2;

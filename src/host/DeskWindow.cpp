@@ -2,6 +2,7 @@
 #include "host/DeskWindow.h"
 
 #include "host/DeskSearch.h"
+#include "host/HelpPage.h"
 #include "host/Playback.h"
 #include "host/Song.h"
 #include "media/items/TaggedAudioFile.h"
@@ -48,6 +49,8 @@ DeskWindow::DeskWindow(std::shared_ptr<media::Player> player, const LyricSearch:
     : m_player(std::move(player)), m_peaks(peakProvider()), m_playback(std::make_shared<Playback>(m_player)),
       m_component(TQWLRCEditorViewCtl::initWithPlayer(m_player)), m_search(newSearch(search))
 {
+    // Before the view is loaded, which shows what there is help for.
+    m_component->config()->setHelpUrl(helpPage());
     m_component->setDelegate(std::weak_ptr<TQLRCEditorViewCtlDelegate>(m_playback));
     setCentralWidget(m_component->view());
     setWindowIcon(QIcon(QStringLiteral(":/tqlrceditor/lyricdesk.svg")));
@@ -56,6 +59,7 @@ DeskWindow::DeskWindow(std::shared_ptr<media::Player> player, const LyricSearch:
     statusBar()->setSizeGripEnabled(false);
     buildFileMenu();
     buildEditMenu();
+    buildViewMenu();
     buildPlaybackMenu();
     buildHelpMenu();
     wirePlayer();
@@ -106,7 +110,7 @@ void DeskWindow::buildEditMenu()
     const std::initializer_list<std::initializer_list<EditorCommand>> groups = {{Undo, Redo},
         {Copy, Paste, PasteTextAsLines, SelectAll}, {InsertLineBefore, InsertLineAfter, DuplicateLine},
         {MoveUp, MoveDown, MergeWithNext, SplitAtCaret}, {MakeTitle, MakeArtist, MakeAlbum, MakeEditedBy},
-        {Untag, UntagAll}, {DeleteLines, DeleteAllLines, RestoreAll}, {ShowSource}};
+        {Untag, UntagAll}, {DeleteLines, DeleteAllLines, RestoreAll}};
     for (const auto &group : groups) {
         for (const EditorCommand command : group) {
             menu->addAction(m_component->action(command));
@@ -114,6 +118,13 @@ void DeskWindow::buildEditMenu()
         menu->addSeparator();
     }
     menu->removeAction(menu->actions().constLast());
+}
+
+void DeskWindow::buildViewMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&View"));
+    menu->addAction(m_component->action(EditorCommand::Preview));
+    menu->addAction(m_component->action(EditorCommand::ShowSource));
 }
 
 void DeskWindow::buildPlaybackMenu()
@@ -137,6 +148,7 @@ void DeskWindow::buildPlaybackMenu()
 void DeskWindow::buildHelpMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(m_component->action(EditorCommand::Help));
     menu->addAction(m_component->action(EditorCommand::ShowKeys));
     menu->addSeparator();
     menu->addAction(tr("&About lyricdesk"), this, &DeskWindow::showAbout);

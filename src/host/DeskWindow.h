@@ -58,6 +58,7 @@ protected:
 private:
     void buildFileMenu();
     void buildEditMenu();
+    void buildViewMenu();
     void buildPlaybackMenu();
     void buildHelpMenu();
     [[nodiscard]] std::unique_ptr<DeskSearch> newSearch(const LyricSearch::Settings &settings);

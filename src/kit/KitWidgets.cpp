@@ -11,7 +11,9 @@
 #include "kit/MyTableView.h"
 #include "kit/ProgressSliderView.h"
 #include "kit/RoundButton.h"
+#include "kit/SegmentedControl.h"
 #include "kit/Separator.h"
+#include "kit/SwitchButton.h"
 
 namespace kit {
 
@@ -26,7 +28,9 @@ void registerKitWidgets()
     FormLoader::registerWidget<MyTableView>("MyTableView");
     FormLoader::registerWidget<ProgressSliderView>("ProgressSliderView");
     FormLoader::registerWidget<RoundButton>("RoundButton");
+    FormLoader::registerWidget<SegmentedControl>("SegmentedControl");
     FormLoader::registerWidget<Separator>("Separator");
+    FormLoader::registerWidget<SwitchButton>("SwitchButton");
 }
 
 } // namespace kit

@@ -735,5 +735,29 @@
         <source>search</source>
         <translation>Suche</translation>
     </message>
+    <message>
+        <source>Show the finished lyric while it plays</source>
+        <translation>Zeigt den fertigen Liedtext zur Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Align left</source>
+        <translation>Linksbündig</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Zentriert</translation>
+    </message>
+    <message>
+        <source>Align right</source>
+        <translation>Rechtsbündig</translation>
+    </message>
+    <message>
+        <source>Show the tag lines</source>
+        <translation>Zeilen mit Merkmalen zeigen</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Ausrichtung</translation>
+    </message>
 </context>
 </TS>

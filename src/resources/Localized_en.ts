@@ -735,5 +735,29 @@
         <source>search</source>
         <translation>search</translation>
     </message>
+    <message>
+        <source>Show the finished lyric while it plays</source>
+        <translation>Show the finished lyric while it plays</translation>
+    </message>
+    <message>
+        <source>Align left</source>
+        <translation>Align left</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Centre</translation>
+    </message>
+    <message>
+        <source>Align right</source>
+        <translation>Align right</translation>
+    </message>
+    <message>
+        <source>Show the tag lines</source>
+        <translation>Show the tag lines</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>Alignment</translation>
+    </message>
 </context>
 </TS>

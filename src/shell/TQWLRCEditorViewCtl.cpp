@@ -9,7 +9,11 @@
 #include "resources/Resources.h"
 
 #include <QtCore/QLoggingCategory>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -325,6 +329,9 @@ void TQWLRCEditorViewCtl::prPreviewClicked(QObject *sender)
     Q_UNUSED(sender)
     const auto alive = self();
     tryToPlay();
+    if (!isPreviewOnScreen()) {
+        m_focusBeforePreview = QApplication::focusWidget();
+    }
     previewingCtl()->flushWithAudio_lrcText(m_audioFile, editorViewCtl()->songText());
     transitionFromViewController_toViewController_options_completionHandler(
         editorViewCtl(), previewingCtl(), kit::Transition::CrossFade, [] {});
@@ -334,12 +341,35 @@ void TQWLRCEditorViewCtl::backFromPreview(QObject *sender)
 {
     Q_UNUSED(sender)
     const auto alive = self();
+    const QWidget *previewView = previewingCtl()->viewIfLoaded();
+    const QWidget *focus = QApplication::focusWidget();
+    const bool isFocusFree = !focus || (previewView && previewView->isAncestorOf(focus));
     transitionFromViewController_toViewController_options_completionHandler(
         previewingCtl(), editorViewCtl(), kit::Transition::CrossFade, [] {});
+    if (isFocusFree) {
+        giveFocusToEditor();
+    }
     editorViewCtl()->resetFristResponderForTextView(nullptr);
+}
+
+// To where it was before, or to the lines: what is typed next is meant for them.
+void TQWLRCEditorViewCtl::giveFocusToEditor()
+{
+    QWidget *editorView = m_editorViewCtl->viewIfLoaded();
+    QWidget *before = std::exchange(m_focusBeforePreview, nullptr);
+    if (before && editorView && editorView->isAncestorOf(before) && before->isVisibleTo(editorView)) {
+        before->setFocus();
+    } else if (QWidget *table = m_editorViewCtl->tableView()) {
+        table->setFocus();
+    }
 }
 
 void TQWLRCEditorViewCtl::previewOffsetClicked(QObject *sender)
 {
+    const auto alive = self();
     editorViewCtl()->moveForward(sender);
+    const QByteArray text = editorViewCtl()->songText();
+    if (isPreviewOnScreen() && m_previewingCtl->lrcText() != text) {
+        m_previewingCtl->notifyLrcTextUpdated(text);
+    }
 }

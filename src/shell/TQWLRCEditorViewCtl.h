@@ -10,6 +10,9 @@
 #include "shell/contracts/TQLRCEditorViewCtlDelegate.h"
 #include "shell/contracts/WXEAudioFile.h"
 
+#include <QtCore/QPointer>
+#include <QtWidgets/QWidget>
+
 #include <memory>
 #include <vector>
 
@@ -121,6 +124,7 @@ private:
     void loadLyricOf(const std::shared_ptr<WXEAudioFile> &item);
     [[nodiscard]] static bool userWantsLyricOfItem();
     void layoutChildren();
+    void giveFocusToEditor();
 
     std::weak_ptr<TQLRCEditorViewCtlDelegate> m_delegate;
     std::shared_ptr<TQLRCEditorViewCtl> m_editorViewCtl;
@@ -128,4 +132,5 @@ private:
     std::shared_ptr<RBPreviewViewController> m_previewingCtl;
     std::shared_ptr<WXEAudioFile> m_audioFile;
     std::shared_ptr<TQAudioPlayerProtocol> m_mcPlayer;
+    QPointer<QWidget> m_focusBeforePreview;
 };

@@ -2,63 +2,225 @@
 #include "views/RBMenuDisabledTextView.h"
 
 #include "kit/Theme.h"
+#include "views/LyricAccessible.h"
 
 #include <QtCore/QEvent>
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QMouseEvent>
-#include <QtGui/QTextBlock>
-#include <QtGui/QTextCursor>
-#include <QtGui/QTextDocument>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStyle>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
-constexpr double kLineHeightPercent = 120.0;
 constexpr int kFontPixels = 16;
+// Laid out lines beyond the visible ones that are kept: scrolled back to, they are there.
+constexpr int kKeptLines = 40;
+// What is further away, in heights of the view, is gone to at once.
+constexpr int kFarthestGlide = 3;
 
 } // namespace
 
-RBMenuDisabledTextView::RBMenuDisabledTextView(QWidget *parent) : QTextEdit(parent)
+RBMenuDisabledTextView::RBMenuDisabledTextView(QWidget *parent) : QAbstractScrollArea(parent)
 {
-    setReadOnly(true);
-    setUndoRedoEnabled(false);
-    setAcceptDrops(false);
-    setTextInteractionFlags(Qt::NoTextInteraction);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     viewport()->setFocusPolicy(Qt::NoFocus);
+    viewport()->setBackgroundRole(QPalette::Base);
     setContextMenuPolicy(Qt::PreventContextMenu);
     viewport()->setCursor(Qt::ArrowCursor);
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     font.setPixelSize(kFontPixels);
     setFont(font);
     applySelectionColor();
-    formatChange(0, 0);
-    connect(document(), &QTextDocument::contentsChange, this,
-        [this](int position, int /*removed*/, int added) { formatChange(position, added); });
+    views::installLyricAccessible();
+    m_glide.setStartValue(0.0);
+    m_glide.setEndValue(1.0);
+    m_glide.setDuration(kit::kSlowMillis);
+    m_glide.setEasingCurve(QEasingCurve::InOutQuad);
+    connect(&m_glide, &QVariantAnimation::valueChanged, this,
+        [this](const QVariant &share) { glideOn(share.toDouble()); });
+    m_layout.setText(QString());
+    relayOut();
+}
+
+void RBMenuDisabledTextView::setPlainText(const QString &text)
+{
+    m_glide.stop();
+    m_selected = {};
+    m_layout.setText(text);
+    updateScrollRange();
+    scrollTo(0);
+    layOutVisible();
+    viewport()->update();
 }
 
 void RBMenuDisabledTextView::setTextAlignment(Qt::Alignment alignment)
 {
     m_alignment = alignment;
-    formatChange(0, document()->characterCount());
+    relayOut();
 }
 
-void RBMenuDisabledTextView::formatChange(int position, int added)
+QString RBMenuDisabledTextView::selectedText() const
 {
-    if (m_changing)
+    return m_layout.text().mid(m_selected.location, m_selected.length);
+}
+
+void RBMenuDisabledTextView::setSelectedRange(views::TextRange range)
+{
+    const auto size = static_cast<int>(m_layout.text().size());
+    range.location = std::clamp(range.location, 0, size);
+    range.length = std::clamp(range.length, 0, size - range.location);
+    if (range == m_selected)
         return;
-    const QScopedValueRollback guard(m_changing, true);
-    const int last = document()->characterCount() - 1;
-    QTextCursor cursor(document());
-    cursor.setPosition(std::min(position, last));
-    cursor.setPosition(std::min(position + added, last), QTextCursor::KeepAnchor);
-    QTextBlockFormat format;
-    format.setLineHeight(kLineHeightPercent, QTextBlockFormat::ProportionalHeight);
-    format.setAlignment(m_alignment);
-    cursor.mergeBlockFormat(format);
+    updateLines(m_selected);
+    m_selected = range;
+    updateLines(m_selected);
+    views::tellOfCurrentLine(this);
+}
+
+void RBMenuDisabledTextView::updateLines(views::TextRange range)
+{
+    const int first = m_layout.lineOf(range.location);
+    const int last = m_layout.lineOf(range.location + range.length);
+    const int top = padding() + m_layout.top(first) - verticalScrollBar()->value();
+    const int height = m_layout.top(last + 1) - m_layout.top(first);
+    viewport()->update(0, top, viewport()->width(), height);
+}
+
+// As many pixels above the first and below the last line.
+int RBMenuDisabledTextView::padding() const
+{
+    return viewport()->height() / 3;
+}
+
+int RBMenuDisabledTextView::lineInMiddle() const
+{
+    return m_layout.lineAt(verticalScrollBar()->value() - padding() + viewport()->height() / 2);
+}
+
+void RBMenuDisabledTextView::updateScrollRange()
+{
+    const int height = viewport()->height();
+    verticalScrollBar()->setPageStep(height);
+    verticalScrollBar()->setSingleStep(std::max(1, m_layout.heightOf(0)));
+    verticalScrollBar()->setRange(0, std::max(0, m_layout.height() + 2 * padding() - height));
+}
+
+// When the lines break elsewhere the text moves, but for the line in the middle.
+void RBMenuDisabledTextView::relayOut()
+{
+    const int value = verticalScrollBar()->value();
+    const int middle = value + m_height / 2 - m_height / 3;
+    const int line = std::max(0, m_layout.lineAt(middle));
+    const int offset = middle - m_layout.top(line);
+    m_height = viewport()->height();
+    m_layout.setLook(font(), std::max(1, viewport()->width()), m_alignment);
+    updateScrollRange();
+    scrollTo(value == 0 ? 0 : m_layout.top(line) + offset - m_height / 2 + padding());
+    layOutVisible();
+    viewport()->update();
+}
+
+// Heights that were taken turn out to be others: what is in the middle of the view stays where it is.
+void RBMenuDisabledTextView::layOutVisible()
+{
+    if (m_isLayingOut)
+        return;
+    const QScopedValueRollback guard(m_isLayingOut, true);
+    for (bool isSettled = false; !isSettled;) {
+        const int top = verticalScrollBar()->value() - padding();
+        const int first = m_layout.lineAt(top);
+        const int last = m_layout.lineAt(top + viewport()->height());
+        // But at its beginning the text stays there.
+        const int middle = verticalScrollBar()->value() == 0 ? 0 : lineInMiddle();
+        const int before = m_layout.top(middle);
+        isSettled = !m_layout.layOut(first, last);
+        m_layout.keepOnly(first - kKeptLines, last + kKeptLines);
+        if (!isSettled) {
+            const int moved = m_layout.top(middle) - before;
+            updateScrollRange();
+            m_glideStart += moved;
+            scrollTo(verticalScrollBar()->value() + moved);
+            viewport()->update();
+        }
+    }
+}
+
+void RBMenuDisabledTextView::scrollTo(int value)
+{
+    verticalScrollBar()->setValue(value);
+}
+
+void RBMenuDisabledTextView::scrollContentsBy(int /*dx*/, int /*dy*/)
+{
+    layOutVisible();
+    viewport()->update();
+}
+
+bool RBMenuDisabledTextView::isMotionWanted() const
+{
+    return isVisible() && style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) > 0;
+}
+
+int RBMenuDisabledTextView::valueForSelection() const
+{
+    const int line = m_layout.lineOf(m_selected.location);
+    const int height = viewport()->height();
+    // A line that is higher than the view is read from its beginning.
+    const int above = std::max(0, (height - m_layout.heightOf(line)) / 2);
+    return std::clamp(padding() + m_layout.top(line) - above, 0, verticalScrollBar()->maximum());
+}
+
+void RBMenuDisabledTextView::scrollSelectionIntoView()
+{
+    m_glide.stop();
+    const int line = m_layout.lineOf(m_selected.location);
+    if (m_layout.layOut(line, line))
+        updateScrollRange();
+    m_glideStart = verticalScrollBar()->value();
+    const int target = valueForSelection();
+    const bool isNear = std::abs(target - m_glideStart) <= kFarthestGlide * viewport()->height();
+    if (target != m_glideStart && isNear && isMotionWanted())
+        m_glide.start();
+    else
+        glideOn(1.0);
+}
+
+// The goal is asked for at each step: lines that come into sight on the way may move it.
+void RBMenuDisabledTextView::glideOn(double share)
+{
+    const int way = valueForSelection() - m_glideStart;
+    scrollTo(m_glideStart + static_cast<int>(std::lround(way * share)));
+    if (share >= 1.0)
+        scrollTo(valueForSelection());
+}
+
+QRect RBMenuDisabledTextView::selectedLineRect() const
+{
+    const int line = m_layout.lineOf(m_selected.location);
+    const int value = isGliding() ? valueForSelection() : verticalScrollBar()->value();
+    return {0, padding() + m_layout.top(line) - value, viewport()->width(), m_layout.heightOf(line)};
+}
+
+void RBMenuDisabledTextView::resizeEvent(QResizeEvent *event)
+{
+    QAbstractScrollArea::resizeEvent(event);
+    relayOut();
+}
+
+void RBMenuDisabledTextView::wheelEvent(QWheelEvent *event)
+{
+    m_glide.stop();
+    QAbstractScrollArea::wheelEvent(event);
+    // Also at the ends: nothing beneath is to scroll on.
+    event->accept();
 }
 
 void RBMenuDisabledTextView::applySelectionColor()
@@ -103,8 +265,10 @@ void RBMenuDisabledTextView::focusInEvent(QFocusEvent * /*event*/)
 
 void RBMenuDisabledTextView::changeEvent(QEvent *event)
 {
-    QTextEdit::changeEvent(event);
+    QAbstractScrollArea::changeEvent(event);
     const bool lost = palette().color(QPalette::HighlightedText) != kit::currentLineColor();
     if (event->type() == QEvent::PaletteChange && lost)
         applySelectionColor();
+    if (event->type() == QEvent::FontChange)
+        relayOut();
 }

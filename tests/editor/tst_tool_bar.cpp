@@ -89,6 +89,7 @@ private Q_SLOTS:
                 shown.append(tool);
             }
         }
+        shown.append(bar.screen.editor->btnPreview());
         int right = -1;
         for (QAbstractButton *button : shown) {
             const QRect place(button->mapTo(bar.screen.view, QPoint(0, 0)), button->size());

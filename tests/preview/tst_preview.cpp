@@ -27,6 +27,8 @@ private Q_SLOTS:
     void growsWithItsParent();
     void saysWhenItGoes();
     void controlsHaveNamesAndTips();
+    void everythingFitsIntoEachWindow_data();
+    void everythingFitsIntoEachWindow();
 
 private:
     std::shared_ptr<standin::Container> m_container;
@@ -162,6 +164,53 @@ void tst_Preview::controlsHaveNamesAndTips()
     QVERIFY(m_preview->btnClose()->focusPolicy() & Qt::TabFocus);
     QCOMPARE(m_preview->btnClose()->icon().name(), "close");
     QCOMPARE(m_preview->textView()->accessibleName(), "Lyrics");
+}
+
+void tst_Preview::everythingFitsIntoEachWindow_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("wide") << QSize(1040, 620);
+    QTest::newRow("beside each other, just so") << QSize(720, 400);
+    QTest::newRow("below each other") << QSize(719, 400);
+    QTest::newRow("narrow") << QSize(480, 420);
+}
+
+void tst_Preview::everythingFitsIntoEachWindow()
+{
+    QFETCH(QSize, size);
+    m_item->titleText = QString("An endless title ").repeated(50);
+    QWidget parent;
+    parent.resize(1200, 700);
+    m_preview->view()->setGeometry(0, 0, 1200, 700);
+    m_preview->flushWithAudio_lrcText(m_item, "[00:01.00]one");
+    // It was in a window before, and alone in between.
+    for (int times = 0; times < 2; ++times) {
+        m_preview->view()->setParent(&parent);
+        m_preview->view()->show();
+        parent.show();
+        m_preview->view()->setGeometry(QRect(QPoint(), size));
+        QCoreApplication::processEvents();
+        QCOMPARE(m_preview->view()->size(), size);
+        QWidget *const text = m_preview->textView();
+        QVERIFY(text->height() > 100);
+        const QList<QWidget *> parts
+            = {text, m_preview->imageview(), m_preview->lblTitle(), m_preview->lblAlbum(),
+                m_preview->tagSwitch(), m_preview->segAlign(), m_preview->btnOffset(), m_preview->btnClose()};
+        QList<QRect> places;
+        for (QWidget *part : parts) {
+            const QRect place(part->mapTo(m_preview->view(), QPoint()), part->size());
+            QVERIFY2(m_preview->view()->rect().contains(place), qPrintable(part->objectName()));
+            for (const QRect &other : std::as_const(places))
+                QVERIFY2(!other.intersects(place), qPrintable(part->objectName()));
+            places.append(place);
+        }
+        QVERIFY(places.last().center().x() > size.width() - 50); // close, at the upper right
+        QVERIFY(places.last().center().y() < 50);
+        QVERIFY(places.at(4).center().y() > size.height() - 60); // the controls, at the lower left
+        QVERIFY(places.at(4).left() < 60);
+        m_preview->view()->hide();
+        m_preview->view()->setParent(nullptr);
+    }
 }
 
 QTEST_MAIN(tst_Preview)

@@ -46,6 +46,7 @@ const QList<Default> &defaults()
         {Command::ShowSource, {Qt::CTRL | Qt::Key_U}},
         {Command::OpenLyricFile, {Qt::CTRL | Qt::SHIFT | Qt::Key_O}},
         {Command::SearchLyric, {Qt::CTRL | Qt::SHIFT | Qt::Key_F}},
+        {Command::Preview, {Qt::CTRL | Qt::Key_P}},
         {Command::ShowKeys, {Qt::Key_F1}},
     };
     return all;

@@ -54,6 +54,8 @@ enum class EditorCommand {
     ShowSource,
     OpenLyricFile,
     SearchLyric, ///< through the service that the host registered
+    Preview,
+    Help, ///< opens the help page; without keys, and without a page it cannot be done
     ShowKeys
 };
 

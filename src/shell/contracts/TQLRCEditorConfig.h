@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtCore/QUrl>
+
 #include <memory>
 
 /// The settings through which a host tunes the component. Not kept between runs.
@@ -16,7 +18,13 @@ public:
     [[nodiscard]] bool supportDragAudioInto() const { return m_supportDragAudioInto; }
     void setSupportDragAudioInto(bool support) { m_supportDragAudioInto = support; }
 
+    /// The page that the help command and the help button open; an empty address for none, and then neither
+    /// can be used. Read when the line editor's view loads, for its button, and at each use.
+    [[nodiscard]] QUrl helpUrl() const { return m_helpUrl; }
+    void setHelpUrl(const QUrl &url) { m_helpUrl = url; }
+
 private:
+    QUrl m_helpUrl;
     bool m_promptForMetaLrc = false;
     bool m_supportDragAudioInto = false;
 };

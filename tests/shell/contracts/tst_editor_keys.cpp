@@ -92,6 +92,8 @@ void tst_EditorKeys::defaults_data()
     row("source", EditorCommand::ShowSource, list("Ctrl+U"));
     row("open", EditorCommand::OpenLyricFile, list("Ctrl+Shift+O"));
     row("search", EditorCommand::SearchLyric, list("Ctrl+Shift+F"));
+    row("preview", EditorCommand::Preview, list("Ctrl+P"));
+    row("help", EditorCommand::Help, {});
     row("keys", EditorCommand::ShowKeys, list("F1"));
 }
 
