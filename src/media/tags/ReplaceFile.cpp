@@ -50,6 +50,13 @@ public:
             m_path.clear();
         return answer;
     }
+    [[nodiscard]] int renameToNew(const std::string &target)
+    {
+        const int answer = m_system.renameToNew(m_path.c_str(), target.c_str());
+        if (answer == 0)
+            m_path.clear();
+        return answer;
+    }
 
 private:
     std::string m_path; ///< empty once it has the target's name
@@ -58,7 +65,7 @@ private:
 };
 
 /// Whoever writes a temporary holds a lock on it; one that nobody holds was left by a crash.
-void sweep(const std::string &folder, SystemCalls &system)
+void sweepFolder(const std::string &folder, SystemCalls &system)
 {
     std::vector<std::string> names;
     if (system.listFolder(folder.c_str(), names) != 0)
@@ -74,13 +81,13 @@ void sweep(const std::string &folder, SystemCalls &system)
     }
 }
 
-std::unique_ptr<Temporary> makeTemporary(const std::string &folder, SystemCalls &system)
+std::unique_ptr<Temporary> makeTemporary(const std::string &folder, mode_t mode, SystemCalls &system)
 {
     static std::atomic<unsigned> counter = 0;
     for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
         const std::string path
             = folder + '/' + kTemporaryPrefix + std::to_string(getpid()) + '-' + std::to_string(++counter);
-        const int fd = system.open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+        const int fd = system.open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
         if (fd >= 0)
             return std::make_unique<Temporary>(path, fd, system);
         if (errno != EEXIST && errno != EINTR)
@@ -187,6 +194,12 @@ std::optional<FileState> newState(int fd, const std::string &bytes, SystemCalls 
     return state;
 }
 
+Failure readOnly()
+{
+    return {
+        Reason::ReadOnly, "The file is read-only. Allow writing to it in its properties, then save again."};
+}
+
 Failure noRoomBeside(int error)
 {
     if (error != EACCES && error != EPERM && error != EROFS)
@@ -204,12 +217,22 @@ std::string linkRemark(const struct stat &status)
 
 } // namespace
 
-Outcome<Replaced> replaceFile(
-    const std::string &path, const std::string &bytes, const LoadedFile &old, SystemCalls &system)
+std::optional<Failure> unwritable(const std::string &path, const struct stat &status, SystemCalls &system)
+{
+    if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
+        return readOnly();
+    if (system.access(path.c_str(), W_OK) == 0)
+        return std::nullopt;
+    return errno == EACCES || errno == EROFS || errno == EPERM ? readOnly() : systemFailure(errno, "written");
+}
+
+Outcome<Replaced> replaceFile(const std::string &path, const std::string &bytes, const LoadedFile &old,
+    SystemCalls &system, Sweep sweep)
 {
     const std::string folder = folderOf(path);
-    sweep(folder, system);
-    const std::unique_ptr<Temporary> temporary = makeTemporary(folder, system);
+    if (sweep == Sweep::First)
+        sweepFolder(folder, system);
+    const std::unique_ptr<Temporary> temporary = makeTemporary(folder, 0600, system);
     if (!temporary)
         return noRoomBeside(errno);
     if (auto failure = fill(*temporary, path, bytes, old.status, system))
@@ -225,6 +248,25 @@ Outcome<Replaced> replaceFile(
         return systemFailure(errno, "written");
     const std::string remark = syncFolder(folder, system);
     return Replaced{*state, remark.empty() ? linkRemark(old.status) : remark};
+}
+Outcome<Replaced> createFile(const std::string &path, const std::string &bytes, SystemCalls &system)
+{
+    const std::string folder = folderOf(path);
+    // What the user's mask leaves of these bits is what any new file gets.
+    const std::unique_ptr<Temporary> temporary = makeTemporary(folder, 0666, system);
+    if (!temporary)
+        return noRoomBeside(errno);
+    static_cast<void>(system.lock(temporary->fd()));
+    if (!writeAll(temporary->fd(), bytes, system) || !syncRetrying(temporary->fd(), system))
+        return systemFailure(errno, "written");
+    const std::optional<FileState> state = newState(temporary->fd(), bytes, system);
+    if (!state || (temporary->close() != 0 && errno != EINTR))
+        return systemFailure(errno, "written");
+    if (temporary->renameToNew(path) != 0) {
+        return errno == EEXIST ? Failure{Reason::ChangedMeanwhile, "There is a file of that name already."}
+                               : systemFailure(errno, "written");
+    }
+    return Replaced{*state, syncFolder(folder, system)};
 }
 
 } // namespace tags

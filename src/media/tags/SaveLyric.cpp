@@ -9,30 +9,11 @@
 #include "media/tags/SystemCalls.h"
 #include "media/tags/Verify.h"
 
-#include <cerrno>
-#include <unistd.h>
 #include <utility>
 
 namespace tags {
 
 namespace {
-
-Failure readOnly()
-{
-    return {
-        Reason::ReadOnly, "The file is read-only. Allow writing to it in its properties, then save again."};
-}
-
-/// Whether the file may be replaced. The mode is asked as well as the system: to an
-/// administrator, everything is writable, and read-only is still meant.
-std::optional<Failure> unwritable(const std::string &path, const struct stat &status, SystemCalls &system)
-{
-    if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
-        return readOnly();
-    if (system.access(path.c_str(), W_OK) == 0)
-        return std::nullopt;
-    return errno == EACCES || errno == EROFS || errno == EPERM ? readOnly() : systemFailure(errno, "written");
-}
 
 /// The file as it is now, when that is how it was when its tags were read.
 Outcome<LoadedFile> loadUnchanged(const std::string &path, const FileState &expected, SystemCalls &system)

@@ -53,6 +53,16 @@ int SystemCalls::rename(const char *from, const char *to)
     return ::rename(from, to);
 }
 
+int SystemCalls::renameToNew(const char *from, const char *to)
+{
+    if (::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS)
+        return -1;
+    // Not every file system can do that in one call; a link refuses what is there, too.
+    return ::link(from, to) == 0 ? ::unlink(from) : -1;
+}
+
 int SystemCalls::unlink(const char *path)
 {
     return ::unlink(path);

@@ -26,6 +26,8 @@ public:
     virtual int fsync(int fd);
     virtual int lock(int fd); ///< flock: exclusive, without waiting
     virtual int rename(const char *from, const char *to);
+    /// Refused with EEXIST when something is at `to`.
+    virtual int renameToNew(const char *from, const char *to);
     virtual int unlink(const char *path);
     virtual int access(const char *path, int mode);
     virtual int fchmod(int fd, mode_t mode);

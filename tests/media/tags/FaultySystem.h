@@ -47,6 +47,10 @@ public:
     {
         return fails() ? -1 : SystemCalls::rename(from, to);
     }
+    int renameToNew(const char *from, const char *to) override
+    {
+        return fails() ? -1 : SystemCalls::renameToNew(from, to);
+    }
     int unlink(const char *path) override
     {
         return SystemCalls::unlink(path);
