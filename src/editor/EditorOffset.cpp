@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// Shifting every time of the document.
+// Shifting the times of the document, or of the selected lines.
 #include "editor/EditorStep.h"
 #include "editor/LeadingNumber.h"
 #include "editor/TQLRCEditorViewCtl.h"

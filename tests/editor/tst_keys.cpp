@@ -147,6 +147,20 @@ private Q_SLOTS:
         QCOMPARE(screen.editor->songText(), QByteArray("b\nc\n"));
     }
 
+    void deletingAWordWhileTypingDeletesNoLine()
+    {
+        EditorOnScreen screen;
+        screen.load("[00:01.00]one two\nrest\n");
+        QVERIFY(QTest::qWaitForWindowActive(screen.view));
+        screen.table()->editColumn_row_select(2, 0, false);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete, Qt::ControlModifier);
+        QVERIFY(screen.table()->isEditingCell());
+        QCOMPARE(screen.editor->songLinesNum(), 2);
+        screen.editor->commitEditing();
+        QCOMPARE(screen.text(0), "two");
+    }
+
     void splitsAtTheCaretAndGoesOnTyping()
     {
         EditorOnScreen screen;

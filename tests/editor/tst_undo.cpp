@@ -241,6 +241,17 @@ private Q_SLOTS:
         editor->undo();
         QCOMPARE(editor->songText(), QByteArray("a\n"));
     }
+
+    void undoOfAChangeOfAllLinesLeavesTheViewWhereItWas()
+    {
+        EditorOnScreen screen;
+        screen.load(manyLines(200));
+        screen.table()->selectAll();
+        screen.table()->verticalScrollBar()->setValue(0);
+        screen.editor->deleteAllClick();
+        screen.editor->undo();
+        QCOMPARE(screen.table()->verticalScrollBar()->value(), 0);
+    }
 };
 
 QTEST_MAIN(Undo)
