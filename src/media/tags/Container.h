@@ -39,10 +39,11 @@ public:
     [[nodiscard]] virtual std::vector<std::string> otherFields() const = 0;
     /// The audio. The bytes of these ranges, strung together, do not change in an edit.
     [[nodiscard]] virtual std::vector<Range> audio() const = 0;
-    /// The edit that gives field `field` of lyricFields() the text `text`, or takes it away when
-    /// `text` is empty. Without `field` the format's usual one is added.
-    [[nodiscard]] virtual Outcome<Edit> withLyric(
-        std::optional<std::size_t> field, std::string_view text) const = 0;
+    /// The names that a new field can have, the usual one first. Never empty.
+    [[nodiscard]] virtual std::vector<std::string> newFieldNames() const = 0;
+    /// The edit that gives the field at `place` the text `text`, or takes it away when `text` is empty.
+    /// `place` names a field of lyricFields() or one of newFieldNames().
+    [[nodiscard]] virtual Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const = 0;
 
 protected:
     Container() = default;

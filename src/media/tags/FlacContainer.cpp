@@ -45,8 +45,8 @@ public:
     [[nodiscard]] std::vector<LyricField> lyricFields() const override;
     [[nodiscard]] std::vector<std::string> otherFields() const override;
     [[nodiscard]] std::vector<Range> audio() const override;
-    [[nodiscard]] Outcome<Edit> withLyric(
-        std::optional<std::size_t> field, std::string_view text) const override;
+    [[nodiscard]] std::vector<std::string> newFieldNames() const override { return newVorbisNames(); }
+    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
 
 private:
     const ByteSource &m_source;
@@ -86,24 +86,24 @@ std::vector<Range> FlacContainer::audio() const
     return {{start, m_source.size() - start}};
 }
 
-Outcome<Edit> FlacContainer::withLyric(std::optional<std::size_t> field, std::string_view text) const
+Outcome<Edit> FlacContainer::withLyric(const LyricPlace &place, std::string_view text) const
 {
     VorbisComment edited = m_comment;
-    setLyric(edited, field ? std::optional(m_lyrics.at(*field).entry) : std::nullopt, text);
+    setLyric(edited, m_lyrics, place, text);
     const std::string body = edited.render();
     if (body.size() > kLargestBlock)
         return Failure{
             Reason::TooLarge, "The lyric is too long for a FLAC file, whose comments hold 16 MiB."};
-    const Block &place = m_layout.blocks[m_block.value_or(0)];
-    const bool last = &place == &m_layout.blocks.back();
+    const Block &block = m_layout.blocks[m_block.value_or(0)];
+    const bool last = &block == &m_layout.blocks.back();
     const std::string header
         = static_cast<char>(kVorbisComment | (last ? 0x80U : 0U)) + toBigEndian(body.size(), 3);
     if (m_block)
-        return Edit{{place.offset, place.end() - place.offset, header + body}};
+        return Edit{{block.offset, block.end() - block.offset, header + body}};
     Edit edit;
     if (last) // it is not the last block any more
-        edit.push_back({place.offset, 1, std::string(1, static_cast<char>(place.type))});
-    edit.push_back({place.end(), 0, header + body});
+        edit.push_back({block.offset, 1, std::string(1, static_cast<char>(block.type))});
+    edit.push_back({block.end(), 0, header + body});
     return edit;
 }
 

@@ -10,6 +10,8 @@ namespace tags {
 
 namespace {
 
+constexpr std::string_view kUserText = "TXXX:"; ///< before the description, in a name for people
+
 enum Encoding : unsigned char { Latin1 = 0, MarkedUtf16 = 1, Utf16Big = 2, Utf8 = 3 };
 
 /// Where the string at the start of `bytes` ends: the index of its terminator, or the end.
@@ -73,6 +75,7 @@ std::optional<LyricField> readUslt(std::string_view body)
     if (body.size() < 4)
         return std::nullopt;
     LyricField field;
+    field.tag = "ID3v2";
     field.name = "USLT";
     field.language = body.substr(1, 3);
     readStrings(body.substr(4), static_cast<unsigned char>(body[0]), field);
@@ -87,7 +90,8 @@ std::optional<LyricField> readTxxx(std::string_view body)
     readStrings(body.substr(1), static_cast<unsigned char>(body[0]), field);
     if (!isLyricDescription(field.description))
         return std::nullopt;
-    field.name = "TXXX:" + field.description;
+    field.tag = "ID3v2";
+    field.name = std::string(kUserText) + field.description;
     return field;
 }
 
@@ -119,6 +123,18 @@ Id3v2Frame renderFrame(
     return makeFrame(tag.version, id, renderBody(tag.version, language, field.description, text));
 }
 
+/// `name` is one of newId3v2Names() or empty.
+Id3v2Frame newFrame(const Id3v2Tag &tag, const std::string &name, std::string_view text)
+{
+    LyricField field;
+    if (name.starts_with(kUserText)) {
+        field.description = name.substr(kUserText.size());
+        return renderFrame(tag, field, tag.version == 2 ? "TXX" : "TXXX", text);
+    }
+    field.language = "XXX"; // "unknown", as the standard spells it
+    return renderFrame(tag, field, tag.version == 2 ? "ULT" : "USLT", text);
+}
+
 } // namespace
 
 std::vector<Id3v2Lyric> lyricsOf(const Id3v2Tag &tag)
@@ -139,7 +155,13 @@ std::vector<Id3v2Lyric> lyricsOf(const Id3v2Tag &tag)
     return unsynchronised;
 }
 
-std::optional<Failure> setLyric(Id3v2Tag &tag, const std::optional<Id3v2Lyric> &lyric, std::string_view text)
+std::vector<std::string> newId3v2Names()
+{
+    return {"USLT", "TXXX:LYRICS", "TXXX:SYNCEDLYRICS", "TXXX:UNSYNCEDLYRICS"};
+}
+
+std::optional<Failure> setLyric(
+    Id3v2Tag &tag, const std::vector<Id3v2Lyric> &lyrics, const LyricPlace &place, std::string_view text)
 {
     if (!isUtf8(text) || text.find('\0') != std::string_view::npos) {
         return Failure{Reason::NotText,
@@ -150,15 +172,16 @@ std::optional<Failure> setLyric(Id3v2Tag &tag, const std::optional<Id3v2Lyric> &
     // In 2.2 sizes have 24 bits, in 2.4 28; room for description and UTF-16 included.
     if (text.size() > (tag.version == 2 ? (7U << 20) : (100U << 20)))
         return Failure{Reason::TooLarge, "The lyric is too long for this kind of file."};
-    if (!lyric) {
-        LyricField field;
-        field.language = "XXX"; // "unknown", as the standard spells it
-        tag.frames.push_back(renderFrame(tag, field, tag.version == 2 ? "ULT" : "USLT", text));
-    } else if (text.empty()) {
-        tag.frames.erase(tag.frames.begin() + std::ptrdiff_t(lyric->frame));
+    if (!place.field) {
+        tag.frames.push_back(newFrame(tag, place.newName, text));
+        return std::nullopt;
+    }
+    const Id3v2Lyric &lyric = lyrics.at(*place.field);
+    if (text.empty()) {
+        tag.frames.erase(tag.frames.begin() + std::ptrdiff_t(lyric.frame));
     } else {
-        Id3v2Frame &frame = tag.frames[lyric->frame];
-        frame = renderFrame(tag, lyric->field, frame.id, text);
+        Id3v2Frame &frame = tag.frames[lyric.frame];
+        frame = renderFrame(tag, lyric.field, frame.id, text);
     }
     return std::nullopt;
 }

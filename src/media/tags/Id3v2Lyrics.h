@@ -23,9 +23,12 @@ struct Id3v2Lyric
 /// whose description is the name of a lyric. Deflated and encrypted ones are left out.
 [[nodiscard]] std::vector<Id3v2Lyric> lyricsOf(const Id3v2Tag &tag);
 
-/// Gives the frame of `lyric` the text `text`, or takes it out when `text` is empty; without
-/// `lyric`, adds a `USLT` frame with no language and no description. Null when done.
+/// The names that a new lyric frame can have, the usual one first.
+[[nodiscard]] std::vector<std::string> newId3v2Names();
+
+/// Gives the frame at `place`, one of `lyrics` or a new one of no language and no description, the text
+/// `text`, or takes it out when `text` is empty. Null when done.
 [[nodiscard]] std::optional<Failure> setLyric(
-    Id3v2Tag &tag, const std::optional<Id3v2Lyric> &lyric, std::string_view text);
+    Id3v2Tag &tag, const std::vector<Id3v2Lyric> &lyrics, const LyricPlace &place, std::string_view text);
 
 } // namespace tags

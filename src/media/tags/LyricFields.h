@@ -12,12 +12,23 @@ namespace tags {
 /// One place in a file's tags that holds a lyric.
 struct LyricField
 {
+    std::string tag; ///< which of the file's tags it stands in: "ID3v2", "Vorbis", "MP4", "APEv2", "ASF"
     std::string name; ///< as the format spells it: "USLT", "LYRICS", "©lyr" (UTF-8)
     std::string language; ///< three letters of ISO 639-2, or empty where the format has none
     std::string description; ///< the frame's own, UTF-8; empty where the format has none
     std::string text; ///< UTF-8, the bytes as stored; never a terminating NUL
+    /// Whether the field holds times of its own (`SYLT`) and `text` is LRC made of them: such a field can
+    /// hold timed lines and nothing else.
+    bool synchronised = false;
 
     friend bool operator==(const LyricField &, const LyricField &) = default;
+};
+
+/// Which field an edit is about: one that is there, or a new one.
+struct LyricPlace
+{
+    std::optional<std::size_t> field; ///< index into the fields of the file
+    std::string newName; ///< without `field`: the name of the one to add; empty: the format's usual one
 };
 
 /// Whether some line of `lyric` begins with a time tag, `[mm:ss` or one of its longer forms.

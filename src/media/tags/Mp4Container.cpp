@@ -14,6 +14,7 @@ namespace tags {
 namespace {
 
 const std::string kLyricAtom = "\xA9lyr";
+const std::string kLyricName = "\u00A9lyr"; ///< the same in UTF-8, for people
 constexpr std::uint64_t kMaxListBytes = 64ULL << 20;
 
 enum DataType : unsigned { Utf8 = 1, Utf16 = 2 };
@@ -34,8 +35,8 @@ public:
     [[nodiscard]] std::vector<LyricField> lyricFields() const override;
     [[nodiscard]] std::vector<std::string> otherFields() const override;
     [[nodiscard]] std::vector<Range> audio() const override;
-    [[nodiscard]] Outcome<Edit> withLyric(
-        std::optional<std::size_t> field, std::string_view text) const override;
+    [[nodiscard]] std::vector<std::string> newFieldNames() const override { return {kLyricName}; }
+    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
 
 private:
     [[nodiscard]] Patch lyricPatch(std::optional<std::size_t> field, std::string_view text) const;
@@ -100,7 +101,8 @@ std::vector<LyricField> Mp4Container::lyricFields() const
     for (const Mp4Atom *atom : m_lyrics) {
         const std::string value = firstValue(m_source, *atom);
         LyricField field;
-        field.name = "\u00A9lyr";
+        field.tag = "MP4";
+        field.name = kLyricName;
         field.text = value.size() < 8 ? std::string() : value.substr(8);
         if ((bigEndian(value, 0, 4) & 0xFFFFFF) == Utf16)
             field.text = utf8FromUtf16(field.text, true);
@@ -183,7 +185,7 @@ Failure tooLong()
     return {Reason::TooLarge, "The lyric is too long for this MP4 file."};
 }
 
-Outcome<Edit> Mp4Container::withLyric(std::optional<std::size_t> field, std::string_view text) const
+Outcome<Edit> Mp4Container::withLyric(const LyricPlace &place, std::string_view text) const
 {
     if (m_place.around.empty())
         return Failure{Reason::Unsupported, "The MP4 file has no place for tags: it cannot hold a lyric."};
@@ -193,7 +195,7 @@ Outcome<Edit> Mp4Container::withLyric(std::optional<std::size_t> field, std::str
         return Failure{
             Reason::Unsupported, "The MP4 file keeps its tags in a form that cannot be edited here."};
     }
-    Patch lyric = lyricPatch(field, text);
+    Patch lyric = lyricPatch(place.field, text);
     const std::uint64_t delta = lyric.inserted.size() - lyric.removed; // modulo 2^64, as are the sums with it
     const std::uint64_t from = lyric.offset + lyric.removed;
     Outcome<Edit> tables = movedChunks(m_source, m_file, from, delta);

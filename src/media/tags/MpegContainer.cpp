@@ -24,8 +24,8 @@ public:
     [[nodiscard]] std::vector<LyricField> lyricFields() const override;
     [[nodiscard]] std::vector<std::string> otherFields() const override;
     [[nodiscard]] std::vector<Range> audio() const override { return {{m_tag.bytes, m_size - m_tag.bytes}}; }
-    [[nodiscard]] Outcome<Edit> withLyric(
-        std::optional<std::size_t> field, std::string_view text) const override;
+    [[nodiscard]] std::vector<std::string> newFieldNames() const override { return newId3v2Names(); }
+    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
 
 private:
     Id3v2Tag m_tag;
@@ -60,7 +60,7 @@ std::vector<std::string> MpegContainer::otherFields() const
     return others;
 }
 
-Outcome<Edit> MpegContainer::withLyric(std::optional<std::size_t> field, std::string_view text) const
+Outcome<Edit> MpegContainer::withLyric(const LyricPlace &place, std::string_view text) const
 {
     if (m_hasTagBehindJunk) {
         return Failure{Reason::Unsupported,
@@ -68,8 +68,7 @@ Outcome<Edit> MpegContainer::withLyric(std::optional<std::size_t> field, std::st
             "hiding that tag."};
     }
     Id3v2Tag edited = m_tag;
-    const std::optional<Id3v2Lyric> lyric = field ? std::optional(m_lyrics.at(*field)) : std::nullopt;
-    if (std::optional<Failure> failure = setLyric(edited, lyric, text))
+    if (std::optional<Failure> failure = setLyric(edited, m_lyrics, place, text))
         return *failure;
     Outcome<std::string> bytes = edited.render();
     if (!bytes.ok())

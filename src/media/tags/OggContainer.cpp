@@ -34,8 +34,8 @@ public:
     [[nodiscard]] std::vector<LyricField> lyricFields() const override;
     [[nodiscard]] std::vector<std::string> otherFields() const override;
     [[nodiscard]] std::vector<Range> audio() const override;
-    [[nodiscard]] Outcome<Edit> withLyric(
-        std::optional<std::size_t> field, std::string_view text) const override;
+    [[nodiscard]] std::vector<std::string> newFieldNames() const override { return newVorbisNames(); }
+    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
 
 private:
     [[nodiscard]] std::string prefix(std::size_t bodyBytes) const;
@@ -119,10 +119,10 @@ Outcome<Edit> renumberedPages(const ByteSource &source, const OggPage &headers, 
     return edit;
 }
 
-Outcome<Edit> OggContainer::withLyric(std::optional<std::size_t> field, std::string_view text) const
+Outcome<Edit> OggContainer::withLyric(const LyricPlace &place, std::string_view text) const
 {
     VorbisComment edited = m_comment;
-    setLyric(edited, field ? std::optional(m_lyrics.at(*field).entry) : std::nullopt, text);
+    setLyric(edited, m_lyrics, place, text);
     const std::string body = edited.render();
     if (m_format == Format::OggFlac && body.size() > kLargestFlacBlock)
         return Failure{

@@ -51,11 +51,12 @@ Outcome<std::optional<std::string>> editedContent(
     const std::optional<std::size_t> field = lyricFieldIndex(fields);
     if (field ? fields[*field].text == lyric : lyric.empty())
         return std::optional<std::string>();
-    const Outcome<Edit> edit = container.value()->withLyric(field, lyric);
+    const Outcome<Edit> edit = container.value()->withLyric({field, {}}, lyric);
     if (!edit.ok())
         return edit.failure();
     MemorySource edited(applied(old.bytes(), edit.value()));
-    if (auto failure = differsFrom(old, *container.value(), edited, format.value(), {field, lyric}, name))
+    if (auto failure
+        = differsFrom(old, *container.value(), edited, format.value(), {{field, {}}, lyric}, name))
         return *failure;
     return std::optional(edited.release());
 }

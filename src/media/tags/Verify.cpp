@@ -53,7 +53,7 @@ bool lyricsAreAsMeant(const Container &old, const Container &edited, const Inten
 {
     std::vector<LyricField> expected = old.lyricFields();
     std::vector<LyricField> actual = edited.lyricFields();
-    if (!edit.field) {
+    if (!edit.place.field) {
         // The name and the language of a new field are the format's; the text is what was meant.
         const auto added = std::find_if(actual.begin(), actual.end(),
             [&edit](const LyricField &field) { return field.text == edit.text; });
@@ -61,9 +61,9 @@ bool lyricsAreAsMeant(const Container &old, const Container &edited, const Inten
             return false;
         actual.erase(added);
     } else if (edit.text.empty()) {
-        expected.erase(expected.begin() + std::ptrdiff_t(*edit.field));
+        expected.erase(expected.begin() + std::ptrdiff_t(*edit.place.field));
     } else {
-        expected[*edit.field].text = edit.text;
+        expected[*edit.place.field].text = edit.text;
     }
     return sortedTexts(expected) == sortedTexts(actual);
 }

@@ -17,7 +17,7 @@ class Container;
 /// An edit of a lyric, as it was meant.
 struct IntendedEdit
 {
-    std::optional<std::size_t> field; ///< index into the old file's lyric fields; absent: a new one
+    LyricPlace place; ///< in the old file
     std::string_view text; ///< empty: the field goes
 };
 

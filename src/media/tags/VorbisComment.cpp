@@ -90,6 +90,7 @@ std::vector<VorbisLyric> lyricsOf(const VorbisComment &comment)
             if (!isLyric(entry) || upperKey(entry) != key)
                 continue;
             LyricField field;
+            field.tag = "Vorbis";
             field.name = key;
             field.text = entry.substr(entry.find('=') + 1);
             lyrics.push_back({i, std::move(field)});
@@ -98,14 +99,24 @@ std::vector<VorbisLyric> lyricsOf(const VorbisComment &comment)
     return lyrics;
 }
 
-void setLyric(VorbisComment &comment, std::optional<std::size_t> entry, std::string_view text)
+std::vector<std::string> newVorbisNames()
 {
-    if (!entry) {
-        comment.entries.push_back("LYRICS=" + std::string(text));
-    } else if (text.empty()) {
-        comment.entries.erase(comment.entries.begin() + std::ptrdiff_t(*entry));
+    return {kLyricKeys.begin(), kLyricKeys.end()};
+}
+
+void setLyric(VorbisComment &comment, const std::vector<VorbisLyric> &lyrics, const LyricPlace &place,
+    std::string_view text)
+{
+    if (!place.field) {
+        const std::string key = place.newName.empty() ? std::string(kLyricKeys.front()) : place.newName;
+        comment.entries.push_back(key + '=' + std::string(text));
+        return;
+    }
+    const std::size_t entry = lyrics.at(*place.field).entry;
+    if (text.empty()) {
+        comment.entries.erase(comment.entries.begin() + std::ptrdiff_t(entry));
     } else {
-        std::string &old = comment.entries[*entry];
+        std::string &old = comment.entries[entry];
         old.resize(old.find('=') + 1);
         old += text;
     }

@@ -36,9 +36,13 @@ struct VorbisLyric
 /// `UNSYNCED LYRICS`, keys in any case, and in file order among equals.
 [[nodiscard]] std::vector<VorbisLyric> lyricsOf(const VorbisComment &comment);
 
-/// Gives entry `entry` the text `text` (its key stays as spelled), or takes it out when `text`
-/// is empty; without `entry`, appends a `LYRICS`.
-void setLyric(VorbisComment &comment, std::optional<std::size_t> entry, std::string_view text);
+/// The keys that a new lyric entry can have, the usual one first.
+[[nodiscard]] std::vector<std::string> newVorbisNames();
+
+/// Gives the entry at `place`, one of `lyrics` or a new one, the text `text` (its key stays as spelled), or
+/// takes it out when `text` is empty.
+void setLyric(VorbisComment &comment, const std::vector<VorbisLyric> &lyrics, const LyricPlace &place,
+    std::string_view text);
 
 /// The entries that are no lyric, and the vendor.
 [[nodiscard]] std::vector<std::string> otherEntries(const VorbisComment &comment);

@@ -26,7 +26,7 @@ TEST(LyricFields, TimeTagsAtTheStartOfALine)
 
 LyricField field(const char *text)
 {
-    return {"USLT", "eng", "", text};
+    return {"ID3v2", "USLT", "eng", "", text, false};
 }
 
 TEST(LyricFields, TheFirstWithTimeTagsElseTheFirstWithText)

@@ -197,9 +197,9 @@ TEST_F(Save, FrameWithTimeTagsIsTheLyricAndKeepsLanguageAndDescription)
     saveOk(path, "[00:02.00]new");
     const std::vector<tags::LyricField> fields = readOk(path).lyricFields;
     ASSERT_EQ(fields.size(), 3U);
-    EXPECT_EQ(fields[0], (tags::LyricField{"USLT", "eng", "plain", "just words"}));
-    EXPECT_EQ(fields[1], (tags::LyricField{"USLT", "jpn", "timed", "[00:02.00]new"}));
-    EXPECT_EQ(fields[2], (tags::LyricField{"USLT", "deu", "", "Worte"}));
+    EXPECT_EQ(fields[0], (tags::LyricField{"ID3v2", "USLT", "eng", "plain", "just words", false}));
+    EXPECT_EQ(fields[1], (tags::LyricField{"ID3v2", "USLT", "jpn", "timed", "[00:02.00]new", false}));
+    EXPECT_EQ(fields[2], (tags::LyricField{"ID3v2", "USLT", "deu", "", "Worte", false}));
     EXPECT_EQ(readOk(path).title, "Name");
 }
 
@@ -208,7 +208,8 @@ TEST_F(Save, ErasingTheLyricLeavesOtherLanguages)
     const std::string path
         = mp3(id3v2(4, {{"USLT", uslt("eng", "", "[00:01.00]words")}, {"USLT", uslt("deu", "", "Worte")}}));
     saveOk(path, "");
-    EXPECT_THAT(readOk(path).lyricFields, ElementsAre(tags::LyricField{"USLT", "deu", "", "Worte"}));
+    EXPECT_THAT(
+        readOk(path).lyricFields, ElementsAre(tags::LyricField{"ID3v2", "USLT", "deu", "", "Worte", false}));
 }
 
 TEST_F(Save, BytesOfOtherFramesStayWhateverTheyAre)
@@ -237,8 +238,9 @@ TEST_F(Save, UserTextFrameThatHeldTheLyricIsTheOneWritten)
     ASSERT_EQ(readOk(path).lyric, "[00:01.00]a");
     saveOk(path, "[00:01.00]b");
     const std::vector<tags::LyricField> fields = readOk(path).lyricFields;
-    EXPECT_THAT(
-        fields, ElementsAre(tags::LyricField{"TXXX:SYNCEDLYRICS", "", "SYNCEDLYRICS", "[00:01.00]b"}));
+    EXPECT_THAT(fields,
+        ElementsAre(
+            tags::LyricField{"ID3v2", "TXXX:SYNCEDLYRICS", "", "SYNCEDLYRICS", "[00:01.00]b", false}));
 }
 
 TEST_F(Save, VorbisKeyKeepsItsSpellingAndOtherKeysTheirs)
