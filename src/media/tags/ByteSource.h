@@ -18,6 +18,8 @@ public:
     [[nodiscard]] virtual std::uint64_t size() const = 0;
     /// Up to `count` bytes from `offset`; fewer, or none, at the end or when reading fails.
     [[nodiscard]] virtual std::string read(std::uint64_t offset, std::size_t count) const = 0;
+    /// Whether some read came back short for another reason than the end: what was read is void then.
+    [[nodiscard]] virtual bool hasFailed() const { return false; }
 
 protected:
     ByteSource() = default;
@@ -37,8 +39,6 @@ public:
         return offset < m_bytes.size() ? m_bytes.substr(std::size_t(offset), count) : std::string();
     }
     [[nodiscard]] const std::string &bytes() const { return m_bytes; }
-    /// Hands the bytes over; none are left.
-    [[nodiscard]] std::string release() { return std::exchange(m_bytes, {}); }
 
 private:
     std::string m_bytes;

@@ -16,15 +16,15 @@ struct FileState
     std::uint64_t size = 0; ///< bytes
     std::int64_t modifiedSeconds = 0; ///< since 1970
     std::int64_t modifiedNanoseconds = 0;
-    std::optional<std::uint64_t> hash; ///< of the whole content; absent above `kMaxSaveBytes`
+    std::optional<std::uint64_t> hash; ///< of the whole content; absent above `kMaxMemoryBytes`
 
     friend bool operator==(const FileState &, const FileState &) = default;
 };
 
-/// The largest file that is saved, and held in memory while it is: 128 MiB.
-inline constexpr std::uint64_t kMaxSaveBytes = 128ULL << 20;
+/// The largest file that is held in memory: 128 MiB. A larger one is read where it lies.
+inline constexpr std::uint64_t kMaxMemoryBytes = 128ULL << 20;
 
-/// The largest file that is opened at all: 2 GiB.
+/// The largest file that is opened and saved at all: 2 GiB.
 inline constexpr std::uint64_t kMaxReadBytes = 2ULL << 30;
 
 } // namespace tags

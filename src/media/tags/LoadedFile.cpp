@@ -3,6 +3,7 @@
 
 #include "media/tags/Hash.h"
 #include "media/tags/SystemCalls.h"
+#include "media/tags/WorkProgress.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -26,11 +27,13 @@ public:
 
     [[nodiscard]] std::uint64_t size() const override { return m_size; }
     [[nodiscard]] std::string read(std::uint64_t offset, std::size_t count) const override;
+    [[nodiscard]] bool hasFailed() const override { return m_failed; }
 
 private:
     std::unique_ptr<Descriptor> m_file;
     std::uint64_t m_size;
     SystemCalls &m_system;
+    mutable bool m_failed = false;
 };
 
 /// Reads up to `count` bytes; fewer at the end of the file, −1 when the system refuses.
@@ -56,6 +59,7 @@ std::string FileSource::read(std::uint64_t offset, std::size_t count) const
         return {};
     std::string out(std::size_t(std::min<std::uint64_t>(count, m_size - offset)), '\0');
     const ssize_t got = readAll(m_file->get(), out.data(), out.size(), offset, m_system);
+    m_failed = m_failed || got != ssize_t(out.size());
     out.resize(got < 0 ? 0 : std::size_t(got));
     return out;
 }
@@ -83,7 +87,7 @@ std::optional<Failure> refusal(const struct stat &status)
 }
 
 /// The hash of the content, a block at a time.
-Outcome<std::uint64_t> contentHash(int fd, std::uint64_t size, SystemCalls &system)
+Outcome<std::uint64_t> contentHash(int fd, std::uint64_t size, SystemCalls &system, WorkProgress &progress)
 {
     std::string block(std::size_t(std::min<std::uint64_t>(size, kBlockBytes)), '\0');
     std::uint64_t hash = fnv1a({});
@@ -95,6 +99,8 @@ Outcome<std::uint64_t> contentHash(int fd, std::uint64_t size, SystemCalls &syst
             break;
         hash = fnv1a(std::string_view(block).substr(0, std::size_t(got)), hash);
         at += std::uint64_t(got);
+        if (!progress.advance(std::uint64_t(got)))
+            return cancelled();
     }
     return hash;
 }
@@ -146,7 +152,7 @@ Failure systemFailure(int error, const std::string &what)
     return {Reason::SystemError, "The file could not be " + what + ". (" + why + ")"};
 }
 
-Outcome<FileState> currentState(const std::string &path, SystemCalls &system)
+Outcome<FileState> currentState(const std::string &path, SystemCalls &system, WorkProgress &progress)
 {
     const Descriptor file(openRetrying(path, system), system);
     struct stat status = {};
@@ -155,9 +161,7 @@ Outcome<FileState> currentState(const std::string &path, SystemCalls &system)
     if (auto failure = refusal(status))
         return *failure;
     FileState state = stateOf(status);
-    if (state.size > kMaxSaveBytes)
-        return state;
-    const Outcome<std::uint64_t> hash = contentHash(file.get(), state.size, system);
+    const Outcome<std::uint64_t> hash = contentHash(file.get(), state.size, system, progress);
     if (!hash.ok())
         return hash.failure();
     state.hash = hash.value();
@@ -178,7 +182,7 @@ Outcome<LoadedFile> load(const std::string &path, SystemCalls &system)
     if (auto failure = refusal(loaded.status))
         return *failure;
     loaded.state = stateOf(loaded.status);
-    if (loaded.state.size > kMaxSaveBytes) {
+    if (loaded.state.size > kMaxMemoryBytes) {
         loaded.source = std::make_unique<FileSource>(std::move(file), loaded.state.size, system);
         return loaded;
     }

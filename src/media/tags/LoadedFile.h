@@ -12,6 +12,7 @@
 namespace tags {
 
 class SystemCalls;
+class WorkProgress;
 
 /// A file descriptor that is closed when its owner goes.
 class Descriptor
@@ -36,7 +37,7 @@ struct LoadedFile
 {
     FileState state;
     struct stat status = {}; ///< mode, owner, number of links
-    std::unique_ptr<ByteSource> source; ///< a MemorySource up to `kMaxSaveBytes`
+    std::unique_ptr<ByteSource> source; ///< a MemorySource up to `kMaxMemoryBytes`
 };
 
 /// Opens the regular file at `path`, without waiting for anybody, and takes its content and state.
@@ -45,8 +46,9 @@ struct LoadedFile
 /// The state that `status` tells of; without a hash.
 [[nodiscard]] FileState stateOf(const struct stat &status);
 
-/// The state of the file at `path` now, as load() would tell it, without holding its content.
-[[nodiscard]] Outcome<FileState> currentState(const std::string &path, SystemCalls &system);
+/// The state of the file at `path` now, with the hash of its content whatever its size, without holding it.
+[[nodiscard]] Outcome<FileState> currentState(
+    const std::string &path, SystemCalls &system, WorkProgress &progress);
 
 /// The refusal for `error`, a value of `errno`, when `what` ("read", "written", …) was tried.
 [[nodiscard]] Failure systemFailure(int error, const std::string &what);

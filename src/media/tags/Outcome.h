@@ -22,6 +22,7 @@ enum class Reason {
     ReadOnly, ///< the file's permissions say that it shall not be written
     ChangedMeanwhile, ///< somebody else wrote the file since it was read
     NotText, ///< the lyric holds bytes that this kind of tag cannot store
+    Cancelled, ///< whoever asked for it wanted it no more
     WouldChangeMore, ///< the edited file does not read back as the old one with the new lyric
 };
 

@@ -18,22 +18,4 @@ struct Patch
 /// An edit of a file: patches that rise by offset and do not overlap.
 using Edit = std::vector<Patch>;
 
-/// `old` with `edit` applied.
-[[nodiscard]] inline std::string applied(const std::string &old, const Edit &edit)
-{
-    std::size_t size = old.size();
-    for (const Patch &patch : edit)
-        size = size - std::size_t(patch.removed) + patch.inserted.size();
-    std::string out;
-    out.reserve(size);
-    std::size_t at = 0;
-    for (const Patch &patch : edit) {
-        out.append(old, at, std::size_t(patch.offset) - at);
-        out += patch.inserted;
-        at = std::size_t(patch.offset + patch.removed);
-    }
-    out.append(old, at);
-    return out;
-}
-
 } // namespace tags

@@ -3,10 +3,13 @@
 
 #include "media/tags/Hash.h"
 #include "media/tags/SystemCalls.h"
+#include "media/tags/WorkProgress.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <fcntl.h>
+#include <functional>
 #include <optional>
 #include <system_error>
 #include <unistd.h>
@@ -18,6 +21,7 @@ namespace tags {
 namespace {
 
 constexpr int kNameAttempts = 100;
+constexpr std::size_t kBlockBytes = 1U << 20;
 constexpr std::size_t kMaxAttributeBytes = 64 * 1024;
 
 std::string folderOf(const std::string &path)
@@ -96,7 +100,7 @@ std::unique_ptr<Temporary> makeTemporary(const std::string &folder, mode_t mode,
     return nullptr;
 }
 
-bool writeAll(int fd, const std::string &bytes, SystemCalls &system)
+bool writeBlock(int fd, const std::string &bytes, SystemCalls &system)
 {
     std::size_t done = 0;
     while (done < bytes.size()) {
@@ -110,6 +114,32 @@ bool writeAll(int fd, const std::string &bytes, SystemCalls &system)
         done += std::size_t(wrote);
     }
     return true;
+}
+
+Failure notWritten()
+{
+    return systemFailure(errno, "written");
+}
+
+/// The hash of what was written; it goes to the disk a block at a time.
+Outcome<std::uint64_t> writeAll(
+    int fd, const ByteSource &content, SystemCalls &system, WorkProgress &progress)
+{
+    std::uint64_t hash = fnv1a({});
+    for (std::uint64_t at = 0; at < content.size();) {
+        const std::string block
+            = content.read(at, std::size_t(std::min<std::uint64_t>(content.size() - at, kBlockBytes)));
+        if (block.empty() || content.hasFailed())
+            return Failure{
+                Reason::SystemError, "The file could not be read to its end, so it was left alone."};
+        if (!writeBlock(fd, block, system))
+            return notWritten();
+        hash = fnv1a(block, hash);
+        at += block.size();
+        if (!progress.advance(block.size()))
+            return cancelled();
+    }
+    return hash;
 }
 
 bool syncRetrying(int fd, SystemCalls &system)
@@ -151,9 +181,9 @@ bool takeOver(const std::string &path, const struct stat &status, int to, System
 }
 
 std::optional<Failure> changedMeanwhile(
-    const std::string &path, const FileState &expected, SystemCalls &system)
+    const std::string &path, const FileState &expected, SystemCalls &system, WorkProgress &progress)
 {
-    const Outcome<FileState> now = currentState(path, system);
+    const Outcome<FileState> now = currentState(path, system, progress);
     if (!now.ok())
         return now.failure();
     if (now.value() == expected)
@@ -162,15 +192,23 @@ std::optional<Failure> changedMeanwhile(
         "Another program changed the file meanwhile, so it was left alone. Open it again to see its lyric."};
 }
 
-/// The temporary, complete and on the disk.
-std::optional<Failure> fill(Temporary &temporary, const std::string &path, const std::string &bytes,
-    const struct stat &status, SystemCalls &system)
+/// The temporary, complete, on the disk and closed; its state is what the next save will expect.
+Outcome<FileState> fill(Temporary &temporary, const ByteSource &content, SystemCalls &system,
+    WorkProgress &progress, const std::function<bool()> &takeOver)
 {
     static_cast<void>(system.lock(temporary.fd()));
-    if (!writeAll(temporary.fd(), bytes, system) || !takeOver(path, status, temporary.fd(), system)
-        || !syncRetrying(temporary.fd(), system))
-        return systemFailure(errno, "written");
-    return std::nullopt;
+    const Outcome<std::uint64_t> hash = writeAll(temporary.fd(), content, system, progress);
+    if (!hash.ok())
+        return hash.failure();
+    struct stat status = {};
+    if (!takeOver() || !syncRetrying(temporary.fd(), system) || system.fstat(temporary.fd(), &status) != 0)
+        return notWritten();
+    FileState state = stateOf(status);
+    if (state.size <= kMaxMemoryBytes)
+        state.hash = hash.value();
+    if (temporary.close() != 0 && errno != EINTR)
+        return notWritten();
+    return state;
 }
 
 /// A rename is on the disk only when its folder is.
@@ -181,17 +219,6 @@ std::string syncFolder(const std::string &folder, SystemCalls &system)
         return {};
     return "The lyric is saved, but the system could not say whether it would survive a power failure now. ("
         + std::generic_category().message(errno) + ")";
-}
-
-/// What the next save will expect; null when the system does not tell.
-std::optional<FileState> newState(int fd, const std::string &bytes, SystemCalls &system)
-{
-    struct stat status = {};
-    if (system.fstat(fd, &status) != 0)
-        return std::nullopt;
-    FileState state = stateOf(status);
-    state.hash = fnv1a(bytes);
-    return state;
 }
 
 Failure readOnly()
@@ -226,8 +253,8 @@ std::optional<Failure> unwritable(const std::string &path, const struct stat &st
     return errno == EACCES || errno == EROFS || errno == EPERM ? readOnly() : systemFailure(errno, "written");
 }
 
-Outcome<Replaced> replaceFile(const std::string &path, const std::string &bytes, const LoadedFile &old,
-    SystemCalls &system, Sweep sweep)
+Outcome<Replaced> replaceFile(const std::string &path, const ByteSource &content, const LoadedFile &old,
+    SystemCalls &system, WorkProgress &progress, Sweep sweep)
 {
     const std::string folder = folderOf(path);
     if (sweep == Sweep::First)
@@ -235,38 +262,34 @@ Outcome<Replaced> replaceFile(const std::string &path, const std::string &bytes,
     const std::unique_ptr<Temporary> temporary = makeTemporary(folder, 0600, system);
     if (!temporary)
         return noRoomBeside(errno);
-    if (auto failure = fill(*temporary, path, bytes, old.status, system))
-        return *failure;
-    const std::optional<FileState> state = newState(temporary->fd(), bytes, system);
-    if (!state)
-        return systemFailure(errno, "written");
-    if (temporary->close() != 0 && errno != EINTR)
-        return systemFailure(errno, "written");
-    if (auto failure = changedMeanwhile(path, old.state, system))
+    const Outcome<FileState> state = fill(*temporary, content, system, progress,
+        [&] { return takeOver(path, old.status, temporary->fd(), system); });
+    if (!state.ok())
+        return state.failure();
+    if (auto failure = changedMeanwhile(path, old.state, system, progress))
         return *failure;
     if (temporary->rename(path) != 0)
-        return systemFailure(errno, "written");
+        return notWritten();
     const std::string remark = syncFolder(folder, system);
-    return Replaced{*state, remark.empty() ? linkRemark(old.status) : remark};
+    return Replaced{state.value(), remark.empty() ? linkRemark(old.status) : remark};
 }
-Outcome<Replaced> createFile(const std::string &path, const std::string &bytes, SystemCalls &system)
+
+Outcome<Replaced> createFile(const std::string &path, const ByteSource &content, SystemCalls &system)
 {
     const std::string folder = folderOf(path);
     // What the user's mask leaves of these bits is what any new file gets.
     const std::unique_ptr<Temporary> temporary = makeTemporary(folder, 0666, system);
     if (!temporary)
         return noRoomBeside(errno);
-    static_cast<void>(system.lock(temporary->fd()));
-    if (!writeAll(temporary->fd(), bytes, system) || !syncRetrying(temporary->fd(), system))
-        return systemFailure(errno, "written");
-    const std::optional<FileState> state = newState(temporary->fd(), bytes, system);
-    if (!state || (temporary->close() != 0 && errno != EINTR))
-        return systemFailure(errno, "written");
+    WorkProgress progress;
+    const Outcome<FileState> state = fill(*temporary, content, system, progress, [] { return true; });
+    if (!state.ok())
+        return state.failure();
     if (temporary->renameToNew(path) != 0) {
         return errno == EEXIST ? Failure{Reason::ChangedMeanwhile, "There is a file of that name already."}
-                               : systemFailure(errno, "written");
+                               : notWritten();
     }
-    return Replaced{*state, syncFolder(folder, system)};
+    return Replaced{state.value(), syncFolder(folder, system)};
 }
 
 } // namespace tags

@@ -5,15 +5,121 @@
 #include "media/tags/Container.h"
 #include "media/tags/Format.h"
 #include "media/tags/LoadedFile.h"
+#include "media/tags/PatchedSource.h"
 #include "media/tags/ReplaceFile.h"
 #include "media/tags/SystemCalls.h"
 #include "media/tags/Verify.h"
 
+#include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace tags {
 
 namespace {
+
+/// How the edits come about, once the fields are known.
+using EditMaker = std::function<std::vector<FieldEdit>(const std::vector<LyricField> &)>;
+
+/// One save: the file, and what it becomes edit by edit.
+class Save
+{
+public:
+    Save(std::string path, LoadedFile file, SystemCalls &system)
+        : m_path(std::move(path)), m_file(std::move(file)), m_system(system)
+    { }
+
+    [[nodiscard]] Outcome<Saved> run(const EditMaker &makeEdits, const SaveProgress &report);
+
+private:
+    [[nodiscard]] const ByteSource &content() const;
+    [[nodiscard]] std::optional<Failure> takeHash();
+    [[nodiscard]] std::optional<Failure> apply(const FieldEdit &edit);
+
+    std::string m_path; ///< without links
+    LoadedFile m_file;
+    SystemCalls &m_system;
+    WorkProgress m_progress;
+    Format m_format = Format::Mpeg;
+    std::vector<std::unique_ptr<PatchedSource>> m_edited; ///< each over the one before
+};
+
+const ByteSource &Save::content() const
+{
+    return m_edited.empty() ? *m_file.source : *m_edited.back();
+}
+
+/// The edits that change something, in an order in which none moves the place of another: fields from the
+/// last to the first, then what is new.
+std::vector<FieldEdit> inOrder(std::vector<FieldEdit> edits, const std::vector<LyricField> &fields)
+{
+    std::erase_if(edits, [&fields](const FieldEdit &edit) {
+        return edit.place.field ? fields.at(*edit.place.field).text == edit.text : edit.text.empty();
+    });
+    std::stable_sort(edits.begin(), edits.end(), [](const FieldEdit &a, const FieldEdit &b) {
+        return a.place.field && (!b.place.field || *a.place.field > *b.place.field);
+    });
+    return edits;
+}
+
+/// A large file's hash was not taken when it was loaded; without one, a change while it is copied could go
+/// unnoticed.
+std::optional<Failure> Save::takeHash()
+{
+    if (m_file.state.hash)
+        return std::nullopt;
+    Outcome<FileState> state = currentState(m_path, m_system, m_progress);
+    if (!state.ok())
+        return state.failure();
+    m_file.state.hash = state.value().hash;
+    if (state.value() == m_file.state)
+        return std::nullopt;
+    return Failure{Reason::ChangedMeanwhile,
+        "Another program is changing the file, so it was left alone. Save again when it is done."};
+}
+
+std::optional<Failure> Save::apply(const FieldEdit &edit)
+{
+    const ContainerOutcome container = parseContainer(content(), m_format);
+    if (!container.ok())
+        return container.failure();
+    Outcome<Edit> patches = container.value()->withLyric(edit.place, edit.text);
+    if (!patches.ok())
+        return patches.failure();
+    auto edited = std::make_unique<PatchedSource>(content(), std::move(patches.value()));
+    if (auto failure = differsFrom(
+            content(), *container.value(), *edited, m_format, {edit.place, edit.text}, m_path, m_progress))
+        return failure;
+    m_edited.push_back(std::move(edited));
+    return std::nullopt;
+}
+
+Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
+{
+    const Outcome<Format> format = detectFormat(*m_file.source);
+    if (!format.ok())
+        return format.failure();
+    m_format = format.value();
+    const ContainerOutcome container = parseContainer(*m_file.source, m_format);
+    if (!container.ok())
+        return container.failure();
+    const std::vector<LyricField> fields = container.value()->lyricFields();
+    const std::vector<FieldEdit> edits = inOrder(makeEdits(fields), fields);
+    if (edits.empty())
+        return Saved{m_file.state, false, {}};
+    // Each edit reads the sound before and after it; the copy is written once, and compared with once.
+    m_progress = WorkProgress(report, (2 * edits.size() + 3) * m_file.state.size);
+    if (auto failure = takeHash())
+        return *failure;
+    for (const FieldEdit &edit : edits) {
+        if (auto failure = apply(edit))
+            return *failure;
+    }
+    Outcome<Replaced> replaced = replaceFile(m_path, content(), m_file, m_system, m_progress);
+    if (!replaced.ok())
+        return replaced.failure();
+    return Saved{replaced.value().state, true, std::move(replaced.value().remark)};
+}
 
 /// The file as it is now, when that is how it was when its tags were read.
 Outcome<LoadedFile> loadUnchanged(const std::string &path, const FileState &expected, SystemCalls &system)
@@ -24,69 +130,53 @@ Outcome<LoadedFile> loadUnchanged(const std::string &path, const FileState &expe
     if (file.value().state != expected) {
         return Failure{Reason::ChangedMeanwhile,
             "Another program changed the file since it was opened, so it was left alone. Open it again to "
-            "see its "
-            "lyric."};
-    }
-    if (file.value().state.size > kMaxSaveBytes) {
-        return Failure{Reason::TooLarge,
-            "The file is larger than 128 MiB, which is more than can be saved. Save the lyric as a file of "
-            "its own."};
+            "see its lyric."};
     }
     if (auto failure = unwritable(path, file.value().status, system))
         return *failure;
     return file;
 }
 
-/// The new content, checked against the old one; nothing when the file holds the lyric already.
-Outcome<std::optional<std::string>> editedContent(
-    const MemorySource &old, std::string_view lyric, const std::string &name)
-{
-    const Outcome<Format> format = detectFormat(old);
-    if (!format.ok())
-        return format.failure();
-    const ContainerOutcome container = parseContainer(old, format.value());
-    if (!container.ok())
-        return container.failure();
-    const std::vector<LyricField> fields = container.value()->lyricFields();
-    const std::optional<std::size_t> field = lyricFieldIndex(fields);
-    if (field ? fields[*field].text == lyric : lyric.empty())
-        return std::optional<std::string>();
-    const Outcome<Edit> edit = container.value()->withLyric({field, {}}, lyric);
-    if (!edit.ok())
-        return edit.failure();
-    MemorySource edited(applied(old.bytes(), edit.value()));
-    if (auto failure
-        = differsFrom(old, *container.value(), edited, format.value(), {{field, {}}, lyric}, name))
-        return *failure;
-    return std::optional(edited.release());
-}
-
-} // namespace
-
-Outcome<Saved> saveLyric(
-    const std::string &path, std::string_view lyric, const FileState &expected, SystemCalls &system)
+Outcome<Saved> saveEdits(const std::string &path, const EditMaker &makeEdits, const FileState &expected,
+    const SaveProgress &progress, SystemCalls &system)
 {
     std::string target;
     if (system.resolve(path.c_str(), target) != 0)
         return systemFailure(errno, "written");
-    const Outcome<LoadedFile> file = loadUnchanged(target, expected, system);
+    Outcome<LoadedFile> file = loadUnchanged(target, expected, system);
     if (!file.ok())
         return file.failure();
-    const auto &old = static_cast<const MemorySource &>(*file.value().source);
-    const Outcome<std::optional<std::string>> content = editedContent(old, lyric, target);
-    if (!content.ok())
-        return content.failure();
-    if (!content.value())
-        return Saved{file.value().state, false, {}};
-    Outcome<Replaced> replaced = replaceFile(target, *content.value(), file.value(), system);
-    if (!replaced.ok())
-        return replaced.failure();
-    return Saved{replaced.value().state, true, std::move(replaced.value().remark)};
+    return Save(target, std::move(file.value()), system).run(makeEdits, progress);
 }
 
-Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric, const FileState &expected)
+} // namespace
+
+Outcome<Saved> saveFields(const std::string &path, const std::vector<FieldEdit> &edits,
+    const FileState &expected, const SaveProgress &progress, SystemCalls &system)
 {
-    return saveLyric(path, lyric, expected, SystemCalls::real());
+    return saveEdits(
+        path, [&edits](const auto &) { return edits; }, expected, progress, system);
+}
+
+Outcome<Saved> saveFields(const std::string &path, const std::vector<FieldEdit> &edits,
+    const FileState &expected, const SaveProgress &progress)
+{
+    return saveFields(path, edits, expected, progress, SystemCalls::real());
+}
+
+Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric, const FileState &expected,
+    const SaveProgress &progress, SystemCalls &system)
+{
+    const auto edits = [lyric](const std::vector<LyricField> &fields) {
+        return std::vector<FieldEdit>{{{lyricFieldIndex(fields), {}}, std::string(lyric)}};
+    };
+    return saveEdits(path, edits, expected, progress, system);
+}
+
+Outcome<Saved> saveLyric(
+    const std::string &path, std::string_view lyric, const FileState &expected, const SaveProgress &progress)
+{
+    return saveLyric(path, lyric, expected, progress, SystemCalls::real());
 }
 
 } // namespace tags

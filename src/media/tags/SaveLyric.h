@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media/tags/FieldEdits.h"
 #include "media/tags/FileState.h"
 #include "media/tags/Outcome.h"
+#include "media/tags/WorkProgress.h"
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tags {
 
@@ -19,20 +22,28 @@ struct Saved
     std::string remark; ///< for people, UTF-8; empty unless something about it deserves a word
 };
 
-/// Puts `lyric` (UTF-8, stored byte for byte) into the tags of the file at `path`.
+/// Gives fields of the file at `path` other texts (UTF-8, stored byte for byte), all in one step.
 ///
-/// It goes to the field that holds the lyric now, with its language and description, or to the
-/// format's usual one; an empty lyric takes that field away. No other field and no byte of the
-/// audio changes: the new content is built in memory, read back by two readers and compared
-/// before anything is written. Then it replaces the file in one step, keeping mode, owner and
-/// extended attributes where the system allows; a link stays a link, its target is replaced.
+/// A field keeps its language and description; an empty text takes it away. No other field and no byte of
+/// the audio changes: each edit is read back by two readers and compared before anything is written. Then
+/// the new content replaces the file in one step, keeping mode, owner and extended attributes where the
+/// system allows; a link stays a link, its target is replaced.
 ///
 /// Refused, with the file as it was and no temporary left: when the file is not in the state
-/// `expected`, is read-only or larger than `kMaxSaveBytes`, or when anything at all fails.
-/// Memory: about twice the file. Any thread.
-[[nodiscard]] Outcome<Saved> saveLyric(
-    const std::string &path, std::string_view lyric, const FileState &expected);
-[[nodiscard]] Outcome<Saved> saveLyric(
-    const std::string &path, std::string_view lyric, const FileState &expected, SystemCalls &system);
+/// `expected`, is read-only or larger than `kMaxReadBytes`, when `progress` says so, or when anything at
+/// all fails. Memory: about the file, but never more than `kMaxMemoryBytes` and the tags. Any thread.
+///
+/// \param edits  no two of them name one place; their indices are those of the file as it is
+[[nodiscard]] Outcome<Saved> saveFields(const std::string &path, const std::vector<FieldEdit> &edits,
+    const FileState &expected, const SaveProgress &progress = {});
+[[nodiscard]] Outcome<Saved> saveFields(const std::string &path, const std::vector<FieldEdit> &edits,
+    const FileState &expected, const SaveProgress &progress, SystemCalls &system);
+
+/// The same with the edits that make `lyric` the lyric of the file: it goes to the field that holds the lyric
+/// now, or to the format's usual one; an empty lyric takes that field away.
+[[nodiscard]] Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric,
+    const FileState &expected, const SaveProgress &progress = {});
+[[nodiscard]] Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric,
+    const FileState &expected, const SaveProgress &progress, SystemCalls &system);
 
 } // namespace tags

@@ -4,6 +4,7 @@
 #include "media/tags/LoadedFile.h"
 #include "media/tags/ReplaceFile.h"
 #include "media/tags/SystemCalls.h"
+#include "media/tags/WorkProgress.h"
 
 #include <cerrno>
 #include <utility>
@@ -44,12 +45,14 @@ Outcome<Saved> saveText(const std::string &path, std::string_view expected, cons
         return Saved{file.value().state, false, {}};
     if (auto failure = unwritable(target, file.value().status, system))
         return *failure;
-    return saved(replaceFile(target, text, file.value(), system, sweeps ? Sweep::First : Sweep::No));
+    WorkProgress progress;
+    return saved(replaceFile(
+        target, MemorySource(text), file.value(), system, progress, sweeps ? Sweep::First : Sweep::No));
 }
 
 Outcome<Saved> createText(const std::string &path, const std::string &text, SystemCalls &system)
 {
-    return saved(createFile(path, text, system));
+    return saved(createFile(path, MemorySource(text), system));
 }
 
 } // namespace tags

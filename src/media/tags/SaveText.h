@@ -15,8 +15,8 @@ class SystemCalls;
 /// link stays a link and its target is replaced, mode, owner and extended attributes stay.
 ///
 /// Refused, with the file as it was and no temporary left: when the file no longer holds `expected`, byte for
-/// byte, is read-only or larger than `kMaxSaveBytes`, or when anything at all fails. A file that holds `text`
-/// already is left alone. Any thread, each on another file.
+/// byte, is read-only or larger than `kMaxMemoryBytes`, or when anything at all fails. A file that holds
+/// `text` already is left alone. Any thread, each on another file.
 ///
 /// \param sweeps  remove temporaries that a crash left in the folder. That reads all of it: whoever saves
 /// many

@@ -6,6 +6,7 @@
 #include "media/tags/Format.h"
 #include "media/tags/Hash.h"
 #include "media/tags/TagLibReader.h"
+#include "media/tags/WorkProgress.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,15 +26,16 @@ struct Digest
     friend bool operator==(const Digest &, const Digest &) = default;
 };
 
-Digest digest(const ByteSource &source, const std::vector<Range> &ranges)
+Digest digest(const ByteSource &source, const std::vector<Range> &ranges, WorkProgress &progress)
 {
     Digest out;
     for (const Range &range : ranges) {
-        for (std::uint64_t done = 0; done < range.size; done += kBlockBytes) {
+        for (std::uint64_t done = 0; done < range.size && progress.goesOn(); done += kBlockBytes) {
             const auto count = std::size_t(std::min<std::uint64_t>(kBlockBytes, range.size - done));
             const std::string block = source.read(range.offset + done, count);
             out.hash = fnv1a(block, out.hash);
             out.bytes += block.size();
+            progress.advance(block.size());
         }
     }
     return out;
@@ -91,7 +93,8 @@ Failure wouldChange(const char *what)
 } // namespace
 
 std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldContainer,
-    const ByteSource &edited, Format format, const IntendedEdit &edit, const std::string &name)
+    const ByteSource &edited, Format format, const IntendedEdit &edit, const std::string &name,
+    WorkProgress &progress)
 {
     const Outcome<Format> editedFormat = detectFormat(edited);
     const ContainerOutcome container = parseContainer(edited, format);
@@ -101,10 +104,16 @@ std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldCo
         return wouldChange("the lyric itself");
     if (oldContainer.otherFields() != container.value()->otherFields())
         return wouldChange("another of its tags");
-    if (digest(old, oldContainer.audio()) != digest(edited, container.value()->audio()))
+    const bool sameSound
+        = digest(old, oldContainer.audio(), progress) == digest(edited, container.value()->audio(), progress);
+    if (!progress.goesOn())
+        return cancelled();
+    if (!sameSound)
         return wouldChange("its sound");
     const Outcome<LibraryView> before = readWithTagLib(old, format, name);
     const Outcome<LibraryView> after = readWithTagLib(edited, format, name);
+    if (edited.hasFailed())
+        return Failure{Reason::SystemError, "The file could not be read to its end, so it was left alone."};
     if (!before.ok() || !after.ok() || !libraryAgrees(before.value(), after.value(), edit.text))
         return wouldChange("how other programs read it");
     return std::nullopt;

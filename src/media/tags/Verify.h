@@ -13,6 +13,7 @@ namespace tags {
 
 class ByteSource;
 class Container;
+class WorkProgress;
 
 /// An edit of a lyric, as it was meant.
 struct IntendedEdit
@@ -25,6 +26,7 @@ struct IntendedEdit
 /// every other field is the same, and so is the audio, both as the containers read it and as
 /// TagLib does. Null when all of that holds.
 [[nodiscard]] std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldContainer,
-    const ByteSource &edited, Format format, const IntendedEdit &edit, const std::string &name);
+    const ByteSource &edited, Format format, const IntendedEdit &edit, const std::string &name,
+    WorkProgress &progress);
 
 } // namespace tags

@@ -78,7 +78,7 @@ TEST_P(EveryFormat, EachCallThatFailsLeavesTheOldFileOrTheNew)
         int failing = 1;
         for (; failing < kMoreCallsThanAnySave; ++failing) {
             FaultySystem system(failing, error);
-            const auto saved = tags::saveLyric(path, kLyric, state, system);
+            const auto saved = tags::saveLyric(path, kLyric, state, {}, system);
             if (saved.ok())
                 EXPECT_EQ(contents(path), wanted) << "call " << failing;
             else
@@ -100,12 +100,12 @@ TEST_P(EveryFormat, InterruptedCallsAndShortWritesAreTakenUpAgain)
 {
     const std::string wanted = after();
     FaultySystem counting(0, 0, FaultySystem::Writes::Short);
-    ASSERT_TRUE(tags::saveLyric(path, kLyric, state, counting).ok());
+    ASSERT_TRUE(tags::saveLyric(path, kLyric, state, {}, counting).ok());
     EXPECT_EQ(contents(path), wanted);
     for (int failing = 1; failing <= counting.calls(); ++failing) {
         restore();
         FaultySystem system(failing, EINTR, FaultySystem::Writes::Short);
-        const auto saved = tags::saveLyric(path, kLyric, state, system);
+        const auto saved = tags::saveLyric(path, kLyric, state, {}, system);
         EXPECT_EQ(contents(path), saved.ok() ? wanted : before) << "call " << failing;
         EXPECT_THAT(folder.names(), ElementsAre(GetParam())) << "call " << failing;
     }
@@ -127,7 +127,7 @@ TEST(Faults, TheMessageCarriesTheSystemsReason)
     const tags::FileState state = tags::read(path).value().state;
     for (int failing = 1;; ++failing) {
         FaultySystem system(failing, ENOSPC);
-        const auto saved = tags::saveLyric(path, kLyric, state, system);
+        const auto saved = tags::saveLyric(path, kLyric, state, {}, system);
         if (saved.ok())
             break;
         EXPECT_THAT(saved.failure().message, HasSubstr(std::strerror(ENOSPC))) << "call " << failing;
@@ -140,14 +140,14 @@ TEST(Faults, FileChangedOrGoneWhileItIsSavedIsLeftAlone)
     const std::string path = folder.copy(sample("v24.mp3"));
     const tags::FileState state = tags::read(path).value().state;
     RacingSystem changed([&path] { write(path, "theirs"); });
-    const auto saved = tags::saveLyric(path, kLyric, state, changed);
+    const auto saved = tags::saveLyric(path, kLyric, state, {}, changed);
     ASSERT_FALSE(saved.ok());
     EXPECT_EQ(saved.failure().reason, tags::Reason::ChangedMeanwhile);
     EXPECT_EQ(contents(path), "theirs");
 
     const std::string other = folder.copy(sample("tagged.flac"));
     RacingSystem gone([&other] { std::filesystem::remove(other); });
-    const auto lost = tags::saveLyric(other, kLyric, tags::read(other).value().state, gone);
+    const auto lost = tags::saveLyric(other, kLyric, tags::read(other).value().state, {}, gone);
     ASSERT_FALSE(lost.ok());
     EXPECT_EQ(lost.failure().reason, tags::Reason::Missing);
     EXPECT_THAT(folder.names(), ElementsAre("v24.mp3"));
@@ -231,7 +231,7 @@ TEST(Faults, KilledAtAnyCallTheFileIsWholeAndTheNextSaveCleansUp)
         const pid_t child = fork();
         if (child == 0) {
             DeadlySystem system(deadly);
-            const auto saved = tags::saveLyric(path, kLyric, tags::read(path).value().state, system);
+            const auto saved = tags::saveLyric(path, kLyric, tags::read(path).value().state, {}, system);
             _exit(saved.ok() ? 0 : 1);
         }
         int status = 0;

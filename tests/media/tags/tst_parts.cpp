@@ -4,7 +4,7 @@
 #include "media/tags/Hash.h"
 #include "media/tags/LyricFields.h"
 #include "media/tags/OggPage.h"
-#include "media/tags/Patch.h"
+#include "media/tags/PatchedSource.h"
 #include "media/tags/TextCodec.h"
 
 #include <gtest/gtest.h>
@@ -67,11 +67,35 @@ TEST(Hash, PublishedVectors)
     EXPECT_EQ(tags::fnv1a("bar", tags::fnv1a("foo")), tags::fnv1a("foobar"));
 }
 
-TEST(Patch, EditsApplyInOrder)
+std::string patched(const std::string &old, const tags::Edit &edit)
 {
-    EXPECT_EQ(tags::applied("0123456789", {}), "0123456789");
-    EXPECT_EQ(tags::applied("0123456789", {{0, 0, "a"}, {2, 3, "bcdef"}, {9, 1, ""}, {10, 0, "z"}}),
-        "a01bcdef5678z");
+    const tags::MemorySource source(old);
+    const tags::PatchedSource out(source, edit);
+    const std::string whole = out.read(0, old.size() + 1000);
+    EXPECT_EQ(whole.size(), out.size());
+    return whole;
+}
+
+TEST(PatchedSource, EditsApplyInOrder)
+{
+    EXPECT_EQ(patched("0123456789", {}), "0123456789");
+    EXPECT_EQ(
+        patched("0123456789", {{0, 0, "a"}, {2, 3, "bcdef"}, {9, 1, ""}, {10, 0, "z"}}), "a01bcdef5678z");
+    EXPECT_EQ(patched("", {{0, 0, "all"}}), "all");
+    EXPECT_EQ(patched("gone", {{0, 4, ""}}), "");
+}
+
+TEST(PatchedSource, EveryStretchIsThatOfTheWhole)
+{
+    const tags::MemorySource old("0123456789");
+    const tags::PatchedSource once(old, {{1, 2, "abc"}, {3, 0, "d"}, {8, 2, "ef"}});
+    const tags::PatchedSource twice(once, {{0, 1, ""}, {4, 3, "xyz"}});
+    const std::string whole = "abcxyz567ef";
+    ASSERT_EQ(twice.size(), whole.size());
+    for (std::size_t from = 0; from <= whole.size() + 1; ++from) {
+        for (std::size_t count = 0; count <= whole.size() + 2; ++count)
+            EXPECT_EQ(twice.read(from, count), from < whole.size() ? whole.substr(from, count) : "");
+    }
 }
 
 TEST(OggPage, PacketsOfEverySizeComeBack)

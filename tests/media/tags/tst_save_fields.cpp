@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/AudioSamples.h"
+#include "media/tags/AudioTags.h"
+#include "media/tags/FaultySystem.h"
+#include "media/tags/SaveLyric.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+using namespace samples;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+const std::string kLyric = "[00:01.00]first line\n[00:02.50]second line\n";
+
+/// A file of 130 MiB: an ID3v2 tag, then one frame of sound over and over.
+std::string largeMp3(const Folder &folder)
+{
+    const std::string frame = "\xFF\xFB\x90\x64" + std::string(413, '\0');
+    const std::string path = folder.file("large.mp3");
+    std::ofstream out(path, std::ios::binary);
+    out << id3v2(4, {{"TIT2", std::string("\3Large")}, {"USLT", uslt("eng", "", "old words")}});
+    std::string block;
+    while (block.size() < (1U << 20))
+        block += frame;
+    for (int i = 0; i < 130; ++i)
+        out << block;
+    return path;
+}
+
+class SaveFields : public testing::Test
+{
+protected:
+    Folder folder{Folder::On::Memory};
+
+    static tags::AudioTags readOk(const std::string &path)
+    {
+        auto outcome = tags::read(path);
+        EXPECT_TRUE(outcome.ok());
+        return outcome.ok() ? outcome.value() : tags::AudioTags();
+    }
+
+    static std::vector<std::string> texts(const std::string &path)
+    {
+        std::vector<std::string> out;
+        for (const tags::LyricField &field : readOk(path).lyricFields)
+            out.push_back(field.name + '=' + field.text);
+        return out;
+    }
+};
+
+TEST_F(SaveFields, SeveralAtOnceChangeAddAndTakeAway)
+{
+    const std::string path = folder.copy(sample("tagged.flac"));
+    const std::vector<tags::FieldEdit> first = {
+        {{{}, "UNSYNCEDLYRICS"}, "words"}, {{{}, "SYNCEDLYRICS"}, kLyric}, {{{}, "LYRICS"}, "other words"}};
+    const auto saved = tags::saveFields(path, first, readOk(path).state);
+    ASSERT_TRUE(saved.ok()) << saved.failure().message;
+    ASSERT_THAT(
+        texts(path), ElementsAre("LYRICS=other words", "SYNCEDLYRICS=" + kLyric, "UNSYNCEDLYRICS=words"));
+
+    const std::vector<tags::FieldEdit> second
+        = {{{0, {}}, ""}, {{2, {}}, "changed"}, {{{}, "UNSYNCED LYRICS"}, "new"}, {{1, {}}, kLyric}};
+    ASSERT_TRUE(tags::saveFields(path, second, saved.value().state).ok());
+    EXPECT_THAT(
+        texts(path), ElementsAre("SYNCEDLYRICS=" + kLyric, "UNSYNCEDLYRICS=changed", "UNSYNCED LYRICS=new"));
+    EXPECT_EQ(readOk(path).title, "The Title");
+}
+
+TEST_F(SaveFields, WhatIsSaidAlreadyIsNotWritten)
+{
+    const std::string path = folder.copy(sample("tagged.flac"));
+    const auto saved = tags::saveFields(path, {{{{}, "LYRICS"}, kLyric}}, readOk(path).state);
+    ASSERT_TRUE(saved.ok());
+    const auto again
+        = tags::saveFields(path, {{{0, {}}, kLyric}, {{{}, "SYNCEDLYRICS"}, ""}}, saved.value().state);
+    ASSERT_TRUE(again.ok());
+    EXPECT_FALSE(again.value().written);
+    EXPECT_EQ(again.value().state, saved.value().state);
+}
+
+TEST_F(SaveFields, OneFieldThatCannotBeWrittenLeavesThemAllAsTheyWere)
+{
+    const std::string path = folder.copy(sample("v24.mp3"));
+    const std::string before = contents(path);
+    const auto saved = tags::saveFields(
+        path, {{{{}, "USLT"}, kLyric}, {{{}, "TXXX:LYRICS"}, "bad \xFF byte"}}, readOk(path).state);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_EQ(saved.failure().reason, tags::Reason::NotText);
+    EXPECT_EQ(contents(path), before);
+}
+
+TEST_F(SaveFields, CancelledAtAnyMomentLeavesTheOldFileAndNothingElse)
+{
+    for (const char *name : {"v24.mp3", "tagged.flac", "faststart.m4a"}) {
+        const std::string path = folder.copy(sample(name));
+        const std::string before = contents(path);
+        int cancelledAt = 0;
+        for (bool cancelled = true; cancelled; ++cancelledAt) {
+            int calls = 0;
+            double last = 0;
+            const auto progress = [&](double done) {
+                EXPECT_GE(done, last);
+                EXPECT_LE(done, 1.0);
+                last = done;
+                return calls++ != cancelledAt;
+            };
+            const auto saved = tags::saveLyric(path, kLyric, readOk(path).state, progress);
+            cancelled = !saved.ok();
+            if (cancelled) {
+                EXPECT_EQ(saved.failure().reason, tags::Reason::Cancelled);
+                EXPECT_EQ(contents(path), before);
+                EXPECT_EQ(calls, cancelledAt + 1) << "nobody is asked again after a no";
+            }
+            EXPECT_THAT(folder.names(), ElementsAre(std::string(name)));
+        }
+        EXPECT_GE(cancelledAt, 4) << "asked before, while and after the copy is written";
+        EXPECT_EQ(readOk(path).lyric, kLyric);
+        std::filesystem::remove(path);
+    }
+}
+
+TEST_F(SaveFields, LargeFileIsCopiedWithoutHoldingIt)
+{
+    const std::string path = largeMp3(folder);
+    const auto size = std::filesystem::file_size(path);
+    ASSERT_GT(size, tags::kMaxMemoryBytes);
+    const tags::AudioTags before = readOk(path);
+    EXPECT_EQ(before.lyric, "old words");
+    EXPECT_FALSE(before.state.hash);
+    const auto saved = tags::saveLyric(path, kLyric, before.state);
+    ASSERT_TRUE(saved.ok()) << saved.failure().message;
+    EXPECT_EQ(readOk(path).lyric, kLyric);
+    EXPECT_EQ(readOk(path).state, saved.value().state);
+    EXPECT_EQ(readOk(path).title, "Large");
+    EXPECT_THAT(folder.names(), ElementsAre("large.mp3"));
+}
+
+TEST_F(SaveFields, LargeFileThatCannotBeReadToItsEndIsLeftAlone)
+{
+    const std::string path = largeMp3(folder);
+    const tags::AudioTags before = readOk(path);
+    FaultySystem counting(0, 0);
+    ASSERT_TRUE(tags::saveLyric(path, kLyric, before.state, {}, counting).ok());
+    const tags::FileState state = readOk(path).state;
+    const auto modified = std::filesystem::last_write_time(path);
+    // Every call would take minutes at this size; these fall into each part of the work.
+    for (const int tenth : {2, 5, 8}) {
+        FaultySystem system(counting.calls() * tenth / 10, EIO);
+        const auto saved = tags::saveLyric(path, "[00:03.00]other", state, {}, system);
+        ASSERT_FALSE(saved.ok()) << "tenth " << tenth;
+        EXPECT_EQ(std::filesystem::last_write_time(path), modified);
+        EXPECT_THAT(folder.names(), ElementsAre("large.mp3"));
+    }
+}
+
+} // namespace
