@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "media/items/TaggedAudioFile.h"
 
+#include "media/items/SaveTask.h"
 #include "media/tags/AudioTags.h"
 #include "media/tags/SaveLyric.h"
 #include "shell/contracts/WXEAudioFileMgr.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtGui/QImageReader>
 
 #include <cmath>
 #include <string_view>
+#include <utility>
 
 namespace media {
 
@@ -107,19 +110,73 @@ void TaggedAudioFile::setKnownDuration(double seconds)
         m_duration = seconds;
 }
 
+TaggedAudioFile::SaveResult TaggedAudioFile::take(
+    const tags::Outcome<tags::Saved> &outcome, const QByteArray &lyric)
+{
+    if (!outcome.ok())
+        return {false, toText(outcome.failure().message)};
+    m_state = outcome.value().state;
+    m_savedLyric = lyric;
+    refreshIsDirty();
+    return {true, toText(outcome.value().remark)};
+}
+
 TaggedAudioFile::SaveResult TaggedAudioFile::save()
 {
+    if (const auto running = std::exchange(m_saving, nullptr))
+        static_cast<void>(take(running->wait(), running->lyric()));
     refreshIsDirty();
     if (!m_dirty)
         return {true, {}};
     const std::string_view text(m_lyric.constData(), std::size_t(m_lyric.size()));
-    const tags::Outcome<tags::Saved> outcome = tags::saveLyric(nativePath(m_path), text, m_state);
-    if (!outcome.ok())
-        return {false, toText(outcome.failure().message)};
-    m_state = outcome.value().state;
-    m_savedLyric = m_lyric;
+    return take(tags::saveLyric(nativePath(m_path), text, m_state), m_lyric);
+}
+
+/// The end of a save at work. When save() waited for it, what became of it is known already.
+TaggedAudioFile::SaveResult TaggedAudioFile::endSave(
+    const SaveTask *task, const tags::Outcome<tags::Saved> &outcome)
+{
+    if (task != m_saving.get())
+        return {outcome.ok(), toText(outcome.ok() ? outcome.value().remark : outcome.failure().message)};
+    const auto ended = std::exchange(m_saving, nullptr);
+    return take(outcome, ended->lyric());
+}
+
+bool TaggedAudioFile::beginSave(SaveObserver observer)
+{
+    if (m_saving)
+        return false;
     refreshIsDirty();
-    return {true, toText(outcome.value().remark)};
+    const std::weak_ptr<TaggedAudioFile *> self = m_self;
+    if (!m_dirty) {
+        const auto finish = [self, finished = std::move(observer.finished)] {
+            if (finished && self.lock())
+                finished({true, {}});
+        };
+        return QMetaObject::invokeMethod(QCoreApplication::instance(), finish, Qt::QueuedConnection);
+    }
+    m_saving = std::make_shared<SaveTask>(nativePath(m_path), m_lyric, m_state);
+    const auto progressed = [self, callback = std::move(observer.progressed)](double done) {
+        if (callback && self.lock())
+            callback(done);
+    };
+    const auto finished = [self, task = m_saving.get(), callback = std::move(observer.finished)](
+                              const tags::Outcome<tags::Saved> &outcome) {
+        const auto item = self.lock();
+        if (!item)
+            return;
+        const SaveResult result = (*item)->endSave(task, outcome);
+        if (callback)
+            callback(result);
+    };
+    m_saving->start(progressed, finished);
+    return true;
+}
+
+void TaggedAudioFile::cancelSave()
+{
+    if (m_saving)
+        m_saving->cancel();
 }
 
 } // namespace media

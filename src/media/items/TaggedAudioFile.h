@@ -2,18 +2,23 @@
 #pragma once
 
 #include "media/tags/FileState.h"
+#include "media/tags/Outcome.h"
 #include "shell/contracts/WXEAudioFile.h"
 
 #include <QtCore/QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
 namespace tags {
 struct AudioTags;
-}
+struct Saved;
+} // namespace tags
 
 namespace media {
+
+class SaveTask;
 
 /// An audio file on disk, as the component and the host see it: its tags, its lyric, and
 /// whether the lyric is saved.
@@ -70,11 +75,29 @@ public:
     /// Writes the lyric into the file's tags; nothing else in the file changes.
     ///
     /// When it fails, the file is as it was, and the item keeps the lyric and stays dirty. When
-    /// there is nothing to save it succeeds without touching the file. Blocks while it writes.
+    /// there is nothing to save it succeeds without touching the file. Blocks while it writes, and while a
+    /// save that was begun is at work.
     [[nodiscard]] SaveResult save();
+
+    /// Called on the GUI thread, from its event loop, while the item lives.
+    struct SaveObserver
+    {
+        std::function<void(double done)> progressed; ///< `done` rises from 0 to 1
+        std::function<void(const SaveResult &result)> finished; ///< once
+    };
+    /// The same on a thread of its own: it saves the lyric of this moment, and what is set meanwhile stays to
+    /// be saved. False, and nobody is called, when one is at work already. A save goes on to its end when
+    /// the item goes.
+    bool beginSave(SaveObserver observer);
+    [[nodiscard]] bool isSaving() const { return m_saving != nullptr; }
+    /// Asks a save at work to give up: it fails, with the file as it was, unless it is too late for that.
+    void cancelSave();
 
 private:
     TaggedAudioFile(const QString &path, const tags::AudioTags &tags);
+
+    SaveResult take(const tags::Outcome<tags::Saved> &outcome, const QByteArray &lyric);
+    SaveResult endSave(const SaveTask *task, const tags::Outcome<tags::Saved> &outcome);
 
     QString m_path;
     QString m_title;
@@ -87,6 +110,9 @@ private:
     QByteArray m_savedLyric;
     bool m_dirty = false;
     tags::FileState m_state;
+    std::shared_ptr<SaveTask> m_saving; ///< null when none is at work
+    /// What comes from a thread finds by it whether the item still lives.
+    std::shared_ptr<TaggedAudioFile *> m_self = std::make_shared<TaggedAudioFile *>(this);
 };
 
 } // namespace media

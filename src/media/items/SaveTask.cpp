@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "media/items/SaveTask.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QThreadPool>
+
+#include <string_view>
+#include <utility>
+
+namespace media {
+
+namespace {
+
+/// Who watches does not see smaller ones, and each is an event of the GUI thread.
+constexpr double kProgressStep = 0.01;
+
+} // namespace
+
+SaveTask::SaveTask(std::string path, QByteArray lyric, const tags::FileState &expected)
+    : m_path(std::move(path)), m_lyric(std::move(lyric)), m_expected(expected),
+      m_outcome(m_promise.get_future().share())
+{ }
+
+void SaveTask::start(Progressed progressed, Finished finished)
+{
+    m_progressed = std::move(progressed);
+    m_finished = std::move(finished);
+    QThreadPool::globalInstance()->start([self = shared_from_this()] { self->run(); });
+}
+
+void SaveTask::run()
+{
+    double told = 0;
+    const auto progress = [this, &told](double done) {
+        if (done - told >= kProgressStep) {
+            told = done;
+            post([done](SaveTask &task) { task.m_progressed(done); });
+        }
+        return !m_cancelled;
+    };
+    const std::string_view lyric(m_lyric.constData(), std::size_t(m_lyric.size()));
+    m_promise.set_value(tags::saveLyric(m_path, lyric, m_expected, progress));
+    post([](SaveTask &task) {
+        task.m_progressed = {};
+        std::exchange(task.m_finished, {})(task.wait());
+    });
+}
+
+void SaveTask::post(std::function<void(SaveTask &)> call)
+{
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [self = shared_from_this(), call = std::move(call)] { call(*self); },
+        Qt::QueuedConnection);
+}
+
+} // namespace media
