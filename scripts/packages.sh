@@ -16,7 +16,7 @@ PACKAGES[audio]="libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev gstreamer1
     gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly gstreamer1.0-libav
     gstreamer1.0-alsa gstreamer1.0-pulseaudio"
 WHY[tags]="reading and writing the tags of audio files"
-PACKAGES[tags]="libtag1-dev zlib1g-dev"
+PACKAGES[tags]="libtag1-dev libxxhash-dev zlib1g-dev"
 WHY[tests]="the tests and their sample files"
 PACKAGES[tests]="libgtest-dev libgmock-dev ffmpeg fonts-dejavu-core pulseaudio pulseaudio-utils openssl python3"
 WHY[bench]="the benchmarks"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/DeskWindow.h"
 
+#include "host/DeskSaving.h"
 #include "host/DeskSearch.h"
 #include "host/HelpPage.h"
 #include "host/Playback.h"
@@ -47,7 +48,8 @@ std::shared_ptr<PeakProvider> peakProvider()
 
 DeskWindow::DeskWindow(std::shared_ptr<media::Player> player, const LyricSearch::Settings &search)
     : m_player(std::move(player)), m_peaks(peakProvider()), m_playback(std::make_shared<Playback>(m_player)),
-      m_component(TQWLRCEditorViewCtl::initWithPlayer(m_player)), m_search(newSearch(search))
+      m_component(TQWLRCEditorViewCtl::initWithPlayer(m_player)), m_search(newSearch(search)),
+      m_saving(std::make_unique<DeskSaving>(*this))
 {
     // Before the view is loaded, which shows what there is help for.
     m_component->config()->setHelpUrl(helpPage());
@@ -69,6 +71,7 @@ DeskWindow::DeskWindow(std::shared_ptr<media::Player> player, const LyricSearch:
     connect(&m_compareSoon, &QTimer::timeout, this, &DeskWindow::updateModified);
     m_playback->setOnLyricChanged([this] { m_compareSoon.start(); });
     qApp->installEventFilter(this);
+    connect(m_saving.get(), &DeskSaving::ended, this, &DeskWindow::showSaved);
     updateTitle();
 }
 
@@ -98,7 +101,7 @@ void DeskWindow::buildFileMenu()
     menu->addAction(m_component->action(EditorCommand::OpenLyricFile));
     menu->addAction(m_component->action(EditorCommand::SearchLyric));
     menu->addSeparator();
-    menu->addAction(tr("&Save lyric into the song"), QKeySequence::Save, this, &DeskWindow::save);
+    menu->addAction(tr("&Save lyric into the song"), QKeySequence::Save, this, &DeskWindow::beginSave);
     menu->addSeparator();
     menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 }
@@ -189,6 +192,7 @@ std::shared_ptr<media::TaggedAudioFile> DeskWindow::readable(const QString &path
 
 bool DeskWindow::open(const QString &path)
 {
+    m_saving->wait();
     // Read first: what cannot be read replaces nothing, and nobody is asked because of it.
     auto item = readable(path);
     if (!item) {
@@ -231,22 +235,30 @@ bool DeskWindow::openDemonstration()
     return open(path);
 }
 
-bool DeskWindow::save()
+bool DeskWindow::beginSave()
 {
     if (!m_song) {
         tell(tr("There is no song to save into"), tr("Open a song first: its file is where the lyric goes."));
         return false;
     }
     m_component->serializeToAudioItem();
-    const auto [ok, message] = m_song->save();
-    updateModified();
-    if (!ok) {
-        tell(tr("The lyric was not saved"), message);
-        return false;
-    }
-    statusBar()->showMessage(
-        message.isEmpty() ? tr("Saved into %1").arg(QFileInfo(m_song->path()).fileName()) : message);
+    m_saving->begin(m_song);
     return true;
+}
+
+bool DeskWindow::save()
+{
+    return beginSave() && m_saving->wait();
+}
+
+void DeskWindow::showSaved(const QString &name, const media::TaggedAudioFile::SaveResult &result)
+{
+    updateModified();
+    if (!result.ok && !result.cancelled) {
+        tell(tr("The lyric was not saved into %1").arg(name), result.message);
+    } else {
+        statusBar()->showMessage(result.message.isEmpty() ? tr("Saved into %1").arg(name) : result.message);
+    }
 }
 
 bool DeskWindow::hasUnsavedChanges() const
@@ -303,6 +315,7 @@ DeskWindow::Leave DeskWindow::askToTakeLyricTo(const media::TaggedAudioFile &nex
 bool DeskWindow::mayClose()
 {
     m_component->commitEditing();
+    m_saving->wait();
     return !hasUnsavedChanges() || askToLeaveSong() != Leave::Stay;
 }
 

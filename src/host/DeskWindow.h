@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/LyricSearch.h"
+#include "media/items/TaggedAudioFile.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QMainWindow>
@@ -14,12 +15,12 @@ class TQWLRCEditorViewCtl;
 
 namespace media {
 class Player;
-class TaggedAudioFile;
 struct PlayerOutput;
 } // namespace media
 
 namespace desk {
 
+class DeskSaving;
 class DeskSearch;
 class Playback;
 
@@ -42,7 +43,9 @@ public:
     bool open(const QString &path);
     /// Opens the demonstration song.
     bool openDemonstration();
-    /// Writes the lyric into the file. False when it could not be written (the user has been told).
+    /// Writes the lyric into the file, beside the window. False when there is none.
+    bool beginSave();
+    /// The same, and waits. False when it could not be written (the user has been told).
     bool save();
     /// Whether the text differs from what was last saved.
     [[nodiscard]] bool hasUnsavedChanges() const;
@@ -69,6 +72,7 @@ private:
     [[nodiscard]] QString nameOfSong() const;
     void updateTitle();
     void updateModified();
+    void showSaved(const QString &name, const media::TaggedAudioFile::SaveResult &result);
     enum class Leave { Stay, WithoutLyric, WithLyric };
 
     [[nodiscard]] Leave askToLeaveSong();
@@ -85,6 +89,7 @@ private:
     std::shared_ptr<TQWLRCEditorViewCtl> m_component;
     std::shared_ptr<media::TaggedAudioFile> m_song;
     std::unique_ptr<DeskSearch> m_search;
+    std::unique_ptr<DeskSaving> m_saving;
     /// Once per turn of the event loop: comparing texts is not a part of a stamp.
     QTimer m_compareSoon;
 };

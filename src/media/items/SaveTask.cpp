@@ -21,11 +21,23 @@ SaveTask::SaveTask(std::string path, QByteArray lyric, const tags::FileState &ex
       m_outcome(m_promise.get_future().share())
 { }
 
+QThreadPool &SaveTask::threads()
+{
+    static QThreadPool pool;
+    static const bool awaited = [] {
+        // While there still is somebody whom a save can tell of its end.
+        qAddPostRoutine([] { pool.waitForDone(); });
+        return true;
+    }();
+    Q_UNUSED(awaited)
+    return pool;
+}
+
 void SaveTask::start(Progressed progressed, Finished finished)
 {
     m_progressed = std::move(progressed);
     m_finished = std::move(finished);
-    QThreadPool::globalInstance()->start([self = shared_from_this()] { self->run(); });
+    threads().start([self = shared_from_this()] { self->run(); });
 }
 
 void SaveTask::run()

@@ -11,6 +11,8 @@
 #include <memory>
 #include <string>
 
+class QThreadPool;
+
 namespace media {
 
 /// One save of a lyric on a thread of its own. It goes on to its end whoever lets go of it, also when the
@@ -24,6 +26,10 @@ public:
     using Finished = std::function<void(const tags::Outcome<tags::Saved> &)>;
 
     SaveTask(std::string path, QByteArray lyric, const tags::FileState &expected);
+
+    /// The threads that saves run on. Not the application's: its other work, the drawing of pictures among
+    /// it, would wait for a disk.
+    [[nodiscard]] static QThreadPool &threads();
 
     /// GUI thread, once.
     void start(Progressed progressed, Finished finished);

@@ -62,6 +62,11 @@ QImage decodeCover(const QByteArray &data)
     return reader.read();
 }
 
+TaggedAudioFile::SaveResult refused(const tags::Failure &failure)
+{
+    return {false, toText(failure.message), failure.reason == tags::Reason::Cancelled};
+}
+
 } // namespace
 
 TaggedAudioFile::OpenResult TaggedAudioFile::open(const QString &path)
@@ -114,7 +119,7 @@ TaggedAudioFile::SaveResult TaggedAudioFile::take(
     const tags::Outcome<tags::Saved> &outcome, const QByteArray &lyric)
 {
     if (!outcome.ok())
-        return {false, toText(outcome.failure().message)};
+        return refused(outcome.failure());
     m_state = outcome.value().state;
     m_savedLyric = lyric;
     refreshIsDirty();
@@ -137,7 +142,7 @@ TaggedAudioFile::SaveResult TaggedAudioFile::endSave(
     const SaveTask *task, const tags::Outcome<tags::Saved> &outcome)
 {
     if (task != m_saving.get())
-        return {outcome.ok(), toText(outcome.ok() ? outcome.value().remark : outcome.failure().message)};
+        return outcome.ok() ? SaveResult{true, toText(outcome.value().remark)} : refused(outcome.failure());
     const auto ended = std::exchange(m_saving, nullptr);
     return take(outcome, ended->lyric());
 }

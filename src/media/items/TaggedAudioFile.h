@@ -41,6 +41,7 @@ public:
         /// English, ready to be shown: why it failed, or a remark on a save that succeeded
         /// (most have none).
         QString message;
+        bool cancelled = false; ///< it failed because of cancelSave()
     };
 
     /// Reads the file at `path`. Nothing stays open: a file may be renamed, removed or changed

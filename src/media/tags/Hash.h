@@ -2,22 +2,34 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
 namespace tags {
 
-/// The 64-bit FNV-1a hash of `bytes`, continued from `seed`.
+/// The 64-bit XXH3 hash of bytes that come piece by piece.
 ///
-/// Tells an accidental change; nobody who means harm is kept out by it. Constants and test
-/// vectors: Fowler, Noll and Vo, "FNV Hash".
-[[nodiscard]] inline std::uint64_t fnv1a(std::string_view bytes, std::uint64_t seed = 0xCBF29CE484222325ULL)
+/// Tells an accidental change at the speed of memory; nobody who means harm is kept out by it.
+class Hash
 {
-    std::uint64_t hash = seed;
-    for (const char c : bytes) {
-        hash ^= static_cast<unsigned char>(c);
-        hash *= 0x100000001B3ULL;
-    }
-    return hash;
+public:
+    Hash();
+
+    Hash &add(std::string_view bytes);
+    /// Of what was added so far.
+    [[nodiscard]] std::uint64_t value() const;
+
+private:
+    struct Deleter
+    {
+        void operator()(void *state) const;
+    };
+    std::unique_ptr<void, Deleter> m_state;
+};
+
+[[nodiscard]] inline std::uint64_t hashOf(std::string_view bytes)
+{
+    return Hash().add(bytes).value();
 }
 
 } // namespace tags

@@ -90,19 +90,19 @@ std::optional<Failure> refusal(const struct stat &status)
 Outcome<std::uint64_t> contentHash(int fd, std::uint64_t size, SystemCalls &system, WorkProgress &progress)
 {
     std::string block(std::size_t(std::min<std::uint64_t>(size, kBlockBytes)), '\0');
-    std::uint64_t hash = fnv1a({});
+    Hash hash;
     for (std::uint64_t at = 0; at < size;) {
         const ssize_t got = readAll(fd, block.data(), block.size(), at, system);
         if (got < 0)
             return systemFailure(errno, "read");
         if (got == 0)
             break;
-        hash = fnv1a(std::string_view(block).substr(0, std::size_t(got)), hash);
+        hash.add(std::string_view(block).substr(0, std::size_t(got)));
         at += std::uint64_t(got);
         if (!progress.advance(std::uint64_t(got)))
             return cancelled();
     }
-    return hash;
+    return hash.value();
 }
 
 /// The whole content; shorter than `size` when somebody cut the file meanwhile.
@@ -189,7 +189,7 @@ Outcome<LoadedFile> load(const std::string &path, SystemCalls &system)
     Outcome<std::string> bytes = content(file->get(), loaded.state.size, system);
     if (!bytes.ok())
         return bytes.failure();
-    loaded.state.hash = fnv1a(bytes.value());
+    loaded.state.hash = hashOf(bytes.value());
     loaded.source = std::make_unique<MemorySource>(std::move(bytes.value()));
     return loaded;
 }

@@ -104,11 +104,12 @@ std::optional<std::string> chunkTarget(const ByteSource &source, const Mp4Atom &
     const std::optional<Table> table = tableOf(source, atom);
     if (!table)
         return std::nullopt;
-    std::uint64_t hash = fnv1a(table->body.substr(0, table->at));
+    Hash hash;
+    hash.add(table->body.substr(0, table->at));
     for (std::size_t i = 0; i < table->count; ++i)
-        hash = fnv1a(source.read(table->offset(i), kSampledBytes), hash);
-    hash = fnv1a(table->body.substr(table->at + table->count * table->width), hash);
-    return std::to_string(table->count) + ' ' + std::to_string(hash);
+        hash.add(source.read(table->offset(i), kSampledBytes));
+    hash.add(table->body.substr(table->at + table->count * table->width));
+    return std::to_string(table->count) + ' ' + std::to_string(hash.value());
 }
 
 } // namespace tags

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/ByteSource.h"
 #include "media/tags/Container.h"
-#include "media/tags/Hash.h"
 #include "media/tags/Mp4Atom.h"
 #include "media/tags/Mp4ChunkTables.h"
 #include "media/tags/TextCodec.h"

@@ -125,7 +125,7 @@ Failure notWritten()
 Outcome<std::uint64_t> writeAll(
     int fd, const ByteSource &content, SystemCalls &system, WorkProgress &progress)
 {
-    std::uint64_t hash = fnv1a({});
+    Hash hash;
     for (std::uint64_t at = 0; at < content.size();) {
         const std::string block
             = content.read(at, std::size_t(std::min<std::uint64_t>(content.size() - at, kBlockBytes)));
@@ -134,12 +134,12 @@ Outcome<std::uint64_t> writeAll(
                 Reason::SystemError, "The file could not be read to its end, so it was left alone."};
         if (!writeBlock(fd, block, system))
             return notWritten();
-        hash = fnv1a(block, hash);
+        hash.add(block);
         at += block.size();
         if (!progress.advance(block.size()))
             return cancelled();
     }
-    return hash;
+    return hash.value();
 }
 
 bool syncRetrying(int fd, SystemCalls &system)

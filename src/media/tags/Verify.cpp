@@ -21,7 +21,7 @@ constexpr std::size_t kBlockBytes = 1U << 20;
 struct Digest
 {
     std::uint64_t bytes = 0;
-    std::uint64_t hash = fnv1a({});
+    std::uint64_t hash = 0;
 
     friend bool operator==(const Digest &, const Digest &) = default;
 };
@@ -29,15 +29,17 @@ struct Digest
 Digest digest(const ByteSource &source, const std::vector<Range> &ranges, WorkProgress &progress)
 {
     Digest out;
+    Hash hash;
     for (const Range &range : ranges) {
         for (std::uint64_t done = 0; done < range.size && progress.goesOn(); done += kBlockBytes) {
             const auto count = std::size_t(std::min<std::uint64_t>(kBlockBytes, range.size - done));
             const std::string block = source.read(range.offset + done, count);
-            out.hash = fnv1a(block, out.hash);
+            hash.add(block);
             out.bytes += block.size();
             progress.advance(block.size());
         }
     }
+    out.hash = hash.value();
     return out;
 }
 

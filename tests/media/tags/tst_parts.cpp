@@ -59,12 +59,14 @@ TEST(TextCodec, Utf16ThereAndBack)
     EXPECT_EQ(tags::utf8FromLatin1("caf\xE9"), "caf\u00E9");
 }
 
-TEST(Hash, PublishedVectors)
+TEST(Hash, IsThePublishedOneHoweverTheBytesCome)
 {
-    EXPECT_EQ(tags::fnv1a(""), 0xCBF29CE484222325ULL);
-    EXPECT_EQ(tags::fnv1a("a"), 0xAF63DC4C8601EC8CULL);
-    EXPECT_EQ(tags::fnv1a("foobar"), 0x85944171F73967E8ULL);
-    EXPECT_EQ(tags::fnv1a("bar", tags::fnv1a("foo")), tags::fnv1a("foobar"));
+    EXPECT_EQ(tags::hashOf(""), 0x2D06800538D394C2ULL);
+    EXPECT_NE(tags::hashOf(std::string(1, '\0')), tags::hashOf(""));
+    EXPECT_EQ(tags::Hash().add("foo").add("").add("bar").value(), tags::hashOf("foobar"));
+    const std::string text(5000, 'x');
+    for (const std::size_t at : {1U, 239U, 256U, 1024U, 4999U})
+        EXPECT_EQ(tags::Hash().add(text.substr(0, at)).add(text.substr(at)).value(), tags::hashOf(text));
 }
 
 std::string patched(const std::string &old, const tags::Edit &edit)
