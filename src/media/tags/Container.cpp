@@ -17,6 +17,12 @@ ContainerOutcome parseContainer(const ByteSource &source, Format format)
     case Format::OggSpeex:
     case Format::OggFlac:
         return parseOgg(source, format);
+    case Format::Wav:
+        return parseWav(source);
+    case Format::Aiff:
+        return parseAiff(source);
+    case Format::Aac:
+        return parseAac(source);
     }
     return Failure{Reason::Unsupported, "This kind of file cannot be read."};
 }

@@ -54,9 +54,13 @@ protected:
 using ContainerOutcome = Outcome<std::shared_ptr<const Container>>;
 
 [[nodiscard]] ContainerOutcome parseMpeg(const ByteSource &source);
+/// Bare AAC in ADTS frames, behind an ID3v2 tag or none.
+[[nodiscard]] ContainerOutcome parseAac(const ByteSource &source);
 [[nodiscard]] ContainerOutcome parseFlac(const ByteSource &source);
 [[nodiscard]] ContainerOutcome parseOgg(const ByteSource &source, Format format);
 [[nodiscard]] ContainerOutcome parseMp4(const ByteSource &source);
+[[nodiscard]] ContainerOutcome parseWav(const ByteSource &source);
+[[nodiscard]] ContainerOutcome parseAiff(const ByteSource &source);
 
 /// The structure of `source`, which must outlive it.
 [[nodiscard]] ContainerOutcome parseContainer(const ByteSource &source, Format format);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/Format.h"
 
+#include "media/tags/AdtsFrame.h"
 #include "media/tags/ByteSource.h"
 #include "media/tags/Id3v2Tag.h"
 #include "media/tags/MpegFrame.h"
@@ -24,9 +25,10 @@ using namespace std::string_view_literals;
 
 /// Audio that is known by sight and cannot be edited.
 constexpr Signature kOthers[] = {
-    {0, "RIFF"sv, "WAV"},
-    {0, "RF64"sv, "WAV"},
-    {0, "FORM"sv, "AIFF"},
+    {0, "RIFF"sv, "RIFF, but no WAV at the start of the file"},
+    {0, "RF64"sv, "RF64, which is WAV beyond 4 GiB"},
+    {0, "BW64"sv, "BW64, which is WAV beyond 4 GiB"},
+    {0, "FORM"sv, "IFF, but no AIFF at the start of the file"},
     {0, "\x30\x26\xB2\x75\x8E\x66\xCF\x11"sv, "WMA"},
     {0, "MAC "sv, "APE"},
     {0, "wvPk"sv, "WavPack"},
@@ -36,22 +38,21 @@ constexpr Signature kOthers[] = {
     {0, "DSD "sv, "DSF"},
     {0, "FRM8"sv, "DSDIFF"},
     {0, "\x1A\x45\xDF\xA3"sv, "Matroska"},
-    {0, "ADIF"sv, "AAC"},
-    {0, "\xFF\xF1"sv, "AAC"},
-    {0, "\xFF\xF9"sv, "AAC"},
+    {0, "ADIF"sv, "AAC in ADIF"},
 };
+
+constexpr const char *kChoose
+    = " Choose an MP3, M4A, FLAC, Ogg, Opus, WAV, AIFF, AAC, WMA, APE or WavPack file.";
 
 Failure unsupported(const char *name)
 {
-    return {Reason::Unsupported,
-        std::string("Files of this kind (") + name
-            + ") cannot be opened. Choose an MP3, FLAC, M4A or Ogg file."};
+    return {
+        Reason::Unsupported, std::string("Files of this kind (") + name + ") cannot be opened." + kChoose};
 }
 
 Failure notAudio()
 {
-    return {Reason::NotAudio,
-        "This is not an audio file, whatever its name says. Choose an MP3, FLAC, M4A or Ogg file."};
+    return {Reason::NotAudio, std::string("This is not an audio file, whatever its name says.") + kChoose};
 }
 
 Outcome<Format> oggFormat(const ByteSource &source)
@@ -74,6 +75,19 @@ Outcome<Format> oggFormat(const ByteSource &source)
     return Failure{Reason::Unsupported, "The Ogg file holds no Vorbis, Opus, Speex or FLAC sound."};
 }
 
+/// What comes in frames without a header before them, behind tags that end at `tagEnd`.
+Outcome<Format> framesFormat(const ByteSource &source, std::uint64_t tagEnd)
+{
+    const std::optional<std::uint64_t> adts = firstAdtsFrame(source, tagEnd);
+    const std::optional<std::uint64_t> mpeg = firstMpegFrame(source, tagEnd, tagEnd > 0);
+    // What stands between tag and frames may look like either; without a tag AAC begins at once.
+    if (adts && (tagEnd > 0 || *adts == 0) && (!mpeg || *adts <= *mpeg))
+        return Format::Aac;
+    if (mpeg)
+        return Format::Mpeg;
+    return notAudio();
+}
+
 } // namespace
 
 Outcome<Format> detectFormat(const ByteSource &source)
@@ -91,13 +105,15 @@ Outcome<Format> detectFormat(const ByteSource &source)
         return oggFormat(source);
     if (tagEnd == 0 && has(4, "ftyp"))
         return Format::Mp4;
+    if (tagEnd == 0 && has(0, "RIFF") && has(8, "WAVE"))
+        return Format::Wav;
+    if (tagEnd == 0 && has(0, "FORM") && (has(8, "AIFF") || has(8, "AIFC")))
+        return Format::Aiff;
     for (const Signature &other : kOthers) {
         if (has(other.at, other.bytes))
             return unsupported(other.name);
     }
-    if (firstMpegFrame(source, tagEnd, tagEnd > 0))
-        return Format::Mpeg;
-    return notAudio();
+    return framesFormat(source, tagEnd);
 }
 
 } // namespace tags

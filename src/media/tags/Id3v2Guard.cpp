@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/Id3v2Guard.h"
 
+#include "media/tags/Id3v2Synced.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -14,6 +16,7 @@ namespace {
 constexpr std::uint64_t kMaxInflated = 16ULL << 20;
 constexpr std::size_t kMaxNested = 64;
 constexpr std::size_t kMaxFrames = 200000;
+constexpr std::size_t kSmallestEntry = 5; ///< a terminator and a time
 
 /// Bytes that `deflated` inflates to, counted up to a little above `limit`.
 std::uint64_t inflatedSize(std::string_view deflated, std::uint64_t limit)
@@ -47,6 +50,25 @@ std::uint64_t inflatedSize(const Id3v2Frame &frame, std::uint64_t limit)
     return largest;
 }
 
+/// Whether the synchronised lyrics have more entries than any song: each takes the library 200 bytes.
+bool hasTooManyEntries(const Id3v2Tag &tag)
+{
+    std::uint64_t bytes = 0;
+    std::uint64_t entries = 0;
+    for (const Id3v2Frame &frame : tag.frames) {
+        if (!isSynced(frame))
+            continue;
+        const bool compressed = isCompressed(tag, frame);
+        const std::uint64_t size = compressed ? inflatedSize(frame, kMaxSyncedBody) : frame.raw.size();
+        bytes += size;
+        if (bytes > kMaxSyncedBody)
+            return true;
+        entries += compressed ? size / kSmallestEntry
+                              : syncedEntryCount(plainBody(tag, frame), kMaxSyncedEntries);
+    }
+    return entries > kMaxSyncedEntries;
+}
+
 std::size_t occurrences(std::string_view body, std::string_view name)
 {
     std::size_t count = 0;
@@ -58,8 +80,7 @@ std::size_t occurrences(std::string_view body, std::string_view name)
 
 Failure hostile(const char *what)
 {
-    return {Reason::Hostile,
-        std::string("The tag at the start of the file ") + what + ", which cannot be read safely."};
+    return {Reason::Hostile, std::string("The file's ID3 tag ") + what + ", which cannot be read safely."};
 }
 
 } // namespace
@@ -68,6 +89,8 @@ std::optional<Failure> hostileTag(const Id3v2Tag &tag)
 {
     if (tag.frames.size() > kMaxFrames)
         return hostile("has hundreds of thousands of entries");
+    if (hasTooManyEntries(tag))
+        return hostile("holds hundreds of thousands of times");
     std::uint64_t inflated = 0;
     for (const Id3v2Frame &frame : tag.frames) {
         if (isCompressed(tag, frame))

@@ -1,61 +1,35 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/Id3v2Lyrics.h"
 
+#include "media/tags/Id3v2Synced.h"
+#include "media/tags/Id3v2Text.h"
 #include "media/tags/TextCodec.h"
 
 #include <algorithm>
 #include <cctype>
+#include <iterator>
+#include <utility>
 
 namespace tags {
 
 namespace {
 
+constexpr std::string_view kSynced = "SYLT";
 constexpr std::string_view kUserText = "TXXX:"; ///< before the description, in a name for people
 
-enum Encoding : unsigned char { Latin1 = 0, MarkedUtf16 = 1, Utf16Big = 2, Utf8 = 3 };
-
-/// Where the string at the start of `bytes` ends: the index of its terminator, or the end.
-std::size_t terminator(std::string_view bytes, unsigned char encoding)
-{
-    if (encoding == Latin1 || encoding == Utf8)
-        return std::min(bytes.find('\0'), bytes.size());
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        if (bytes[i] == '\0' && bytes[i + 1] == '\0')
-            return i;
-    }
-    return bytes.size();
-}
-
-/// `littleEndianAbove`: the byte order of the string before, for those that have no mark.
-std::string decode(std::string_view bytes, unsigned char encoding, bool littleEndianAbove = false)
-{
-    switch (encoding) {
-    case Latin1:
-        return utf8FromLatin1(bytes);
-    case MarkedUtf16: {
-        const bool marked = bytes.substr(0, 2) == "\xFF\xFE" || bytes.substr(0, 2) == "\xFE\xFF";
-        return marked || !littleEndianAbove ? utf8FromMarkedUtf16(bytes) : utf8FromUtf16(bytes, false);
-    }
-    case Utf16Big:
-        return utf8FromUtf16(bytes, true);
-    default:
-        return std::string(bytes);
-    }
-}
-
 /// Description, terminator, text: how the bodies of `USLT` (after its language) and `TXXX` end.
-void readStrings(std::string_view bytes, unsigned char encoding, LyricField &field)
+void readStrings(std::string_view bytes, Id3v2Encoding encoding, LyricField &field)
 {
-    const std::size_t width = encoding == Latin1 || encoding == Utf8 ? 1 : 2;
+    const std::size_t width = unitBytes(encoding);
     const std::size_t end = terminator(bytes, encoding);
     const bool littleEndian = bytes.substr(0, 2) == "\xFF\xFE";
-    field.description = decode(bytes.substr(0, end), encoding);
+    field.description = decodeId3v2(bytes.substr(0, end), encoding);
     std::string_view text = bytes.substr(std::min(end + width, bytes.size()));
     // Many writers terminate the text too, although it is the last.
     const std::string nul(width, '\0');
     while (text.size() >= width && text.substr(text.size() - width) == nul)
         text.remove_suffix(width);
-    field.text = decode(text, encoding, littleEndian);
+    field.text = decodeId3v2(text, encoding, littleEndian);
 }
 
 bool isLyricDescription(std::string description)
@@ -70,6 +44,11 @@ bool isUslt(const Id3v2Frame &frame)
     return frame.id == "USLT" || frame.id == "ULT";
 }
 
+bool isUserText(const Id3v2Frame &frame)
+{
+    return frame.id == "TXXX" || frame.id == "TXX";
+}
+
 std::optional<LyricField> readUslt(std::string_view body)
 {
     if (body.size() < 4)
@@ -78,7 +57,7 @@ std::optional<LyricField> readUslt(std::string_view body)
     field.tag = "ID3v2";
     field.name = "USLT";
     field.language = body.substr(1, 3);
-    readStrings(body.substr(4), static_cast<unsigned char>(body[0]), field);
+    readStrings(body.substr(4), id3v2Encoding(body[0]), field);
     return field;
 }
 
@@ -87,7 +66,7 @@ std::optional<LyricField> readTxxx(std::string_view body)
     if (body.empty())
         return std::nullopt;
     LyricField field;
-    readStrings(body.substr(1), static_cast<unsigned char>(body[0]), field);
+    readStrings(body.substr(1), id3v2Encoding(body[0]), field);
     if (!isLyricDescription(field.description))
         return std::nullopt;
     field.tag = "ID3v2";
@@ -95,94 +74,169 @@ std::optional<LyricField> readTxxx(std::string_view body)
     return field;
 }
 
-void append(std::vector<Id3v2Lyric> &lyrics, std::size_t frame, const std::optional<LyricField> &field)
+std::optional<LyricField> readSylt(std::string_view body, const std::optional<FrameLength> &frameLength)
+{
+    std::optional<SyncedFrame> frame = SyncedFrame::parse(body, frameLength);
+    if (!frame)
+        return std::nullopt;
+    LyricField field;
+    field.tag = "ID3v2";
+    field.name = kSynced;
+    field.language = std::move(frame->language);
+    field.description = std::move(frame->description);
+    field.text = lrcFromEntries(frame->entries);
+    field.synchronised = true;
+    return field;
+}
+
+void append(std::vector<Id3v2Lyric> &lyrics, std::size_t frame, std::optional<LyricField> field)
 {
     if (field)
-        lyrics.push_back({frame, *field});
+        lyrics.push_back({frame, std::move(*field)});
 }
 
 /// The body of a lyric frame; `head` is what stands between the encoding and the description.
 std::string renderBody(
     unsigned version, std::string_view head, const std::string &description, std::string_view text)
 {
-    // 2.4 has UTF-8, which keeps every byte; before, all but ASCII goes as UTF-16.
-    const bool narrow = version == 4 || (isAscii(text) && isAscii(description));
-    std::string out(1, static_cast<char>(!narrow ? MarkedUtf16 : version == 4 ? Utf8 : Latin1));
+    const Id3v2Encoding encoding = encodingFor(version, isAscii(text) && isAscii(description));
+    std::string out(1, static_cast<char>(encoding));
     out += head;
-    if (narrow)
-        return out + description + '\0' + std::string(text);
-    return out + markedUtf16FromUtf8(description) + std::string(2, '\0') + markedUtf16FromUtf8(text);
+    out += encodeId3v2(description, encoding) + std::string(unitBytes(encoding), '\0');
+    return out + encodeId3v2(text, encoding);
 }
 
-Id3v2Frame renderFrame(
-    const Id3v2Tag &tag, const LyricField &field, const std::string &id, std::string_view text)
+/// The identifier of a frame in `version`, by its own in 2.3 and 2.4.
+std::string frameId(unsigned version, const std::string &id)
 {
+    if (version != 2)
+        return id;
+    return id == "USLT" ? "ULT" : id == kSynced ? "SLT" : "TXX";
+}
+
+/// `field` without its text, as a frame that says `text`.
+Id3v2Frame unsyncedFrame(const Id3v2Tag &tag, const LyricField &field, std::string_view text)
+{
+    const bool isUserText = field.name.starts_with(kUserText);
     std::string language = field.language;
-    if (id.front() == 'U')
+    if (!isUserText)
         language.resize(3, ' ');
-    return makeFrame(tag.version, id, renderBody(tag.version, language, field.description, text));
+    return makeFrame(tag.version, frameId(tag.version, isUserText ? "TXXX" : "USLT"),
+        renderBody(tag.version, language, field.description, text));
+}
+
+/// `frame` with its entries made of `text`.
+Outcome<Id3v2Frame> syncedFrame(const Id3v2Tag &tag, SyncedFrame frame, std::string_view text,
+    const std::optional<FrameLength> &frameLength)
+{
+    frame.entries = entriesFromLrc(text, lineBreaksOf(frame.entries));
+    Outcome<std::string> body = frame.render(tag.version, frameLength);
+    if (!body.ok())
+        return body.failure();
+    return makeFrame(tag.version, frameId(tag.version, std::string(kSynced)), body.value());
 }
 
 /// `name` is one of newId3v2Names() or empty.
-Id3v2Frame newFrame(const Id3v2Tag &tag, const std::string &name, std::string_view text)
+Outcome<Id3v2Frame> newFrame(const Id3v2Tag &tag, const std::string &name, std::string_view text)
 {
+    if (name == kSynced) {
+        SyncedFrame frame;
+        frame.entries = {{0, "\n"}}; // so that lines are told apart as the standard asks for
+        return syncedFrame(tag, frame, text, std::nullopt);
+    }
     LyricField field;
-    if (name.starts_with(kUserText)) {
+    field.name = name;
+    if (name.starts_with(kUserText))
         field.description = name.substr(kUserText.size());
-        return renderFrame(tag, field, tag.version == 2 ? "TXX" : "TXXX", text);
-    }
-    field.language = "XXX"; // "unknown", as the standard spells it
-    return renderFrame(tag, field, tag.version == 2 ? "ULT" : "USLT", text);
+    else
+        field.language = "XXX"; // "unknown", as the standard spells it
+    return unsyncedFrame(tag, field, text);
 }
 
-} // namespace
-
-std::vector<Id3v2Lyric> lyricsOf(const Id3v2Tag &tag)
+/// A new lyric comes before those that are there: a reader who takes the first one takes what was saved last.
+void insertFrame(Id3v2Tag &tag, Id3v2Frame frame)
 {
-    std::vector<Id3v2Lyric> unsynchronised;
-    std::vector<Id3v2Lyric> userText;
-    for (std::size_t i = 0; i < tag.frames.size(); ++i) {
-        const Id3v2Frame &frame = tag.frames[i];
-        const bool isText = frame.id == "TXXX" || frame.id == "TXX";
-        if ((!isUslt(frame) && !isText) || isOpaque(tag, frame))
-            continue;
-        if (isText)
-            append(userText, i, readTxxx(plainBody(tag, frame)));
-        else
-            append(unsynchronised, i, readUslt(plainBody(tag, frame)));
-    }
-    unsynchronised.insert(unsynchronised.end(), userText.begin(), userText.end());
-    return unsynchronised;
+    const auto place
+        = isUslt(frame) ? std::find_if(tag.frames.begin(), tag.frames.end(), isUslt) : tag.frames.end();
+    tag.frames.insert(place, std::move(frame));
 }
 
-std::vector<std::string> newId3v2Names()
+Outcome<Id3v2Frame> changedFrame(const Id3v2Tag &tag, const Id3v2Lyric &lyric, std::string_view text,
+    const std::optional<FrameLength> &frameLength)
 {
-    return {"USLT", "TXXX:LYRICS", "TXXX:SYNCEDLYRICS", "TXXX:UNSYNCEDLYRICS"};
+    if (!lyric.field.synchronised)
+        return unsyncedFrame(tag, lyric.field, text);
+    const std::string body = plainBody(tag, tag.frames[lyric.frame]);
+    return syncedFrame(tag, SyncedFrame::parse(body, frameLength).value(), text, frameLength);
 }
 
-std::optional<Failure> setLyric(
-    Id3v2Tag &tag, const std::vector<Id3v2Lyric> &lyrics, const LyricPlace &place, std::string_view text)
+std::optional<Failure> unstorable(const Id3v2Tag &tag, std::string_view text)
 {
     if (!isUtf8(text) || text.find('\0') != std::string_view::npos) {
         return Failure{Reason::NotText,
             "The lyric holds bytes that are not text, which an ID3 tag cannot store. Correct the lines that "
-            "show a "
-            "replacement mark, then save again."};
+            "show a replacement mark, then save again."};
     }
     // In 2.2 sizes have 24 bits, in 2.4 28; room for description and UTF-16 included.
     if (text.size() > (tag.version == 2 ? (7U << 20) : (100U << 20)))
         return Failure{Reason::TooLarge, "The lyric is too long for this kind of file."};
-    if (!place.field) {
-        tag.frames.push_back(newFrame(tag, place.newName, text));
+    return std::nullopt;
+}
+
+} // namespace
+
+std::vector<Id3v2Lyric> lyricsOf(const Id3v2Tag &tag, const std::optional<FrameLength> &frameLength)
+{
+    std::vector<Id3v2Lyric> unsynchronised;
+    std::vector<Id3v2Lyric> synchronised;
+    std::vector<Id3v2Lyric> userText;
+    std::size_t syncedBytes = 0;
+    for (std::size_t i = 0; i < tag.frames.size(); ++i) {
+        const Id3v2Frame &frame = tag.frames[i];
+        if (isOpaque(tag, frame))
+            continue;
+        if (isUslt(frame))
+            append(unsynchronised, i, readUslt(plainBody(tag, frame)));
+        else if (isSynced(frame) && (syncedBytes += frame.raw.size()) <= kMaxSyncedBody)
+            append(synchronised, i, readSylt(plainBody(tag, frame), frameLength));
+        else if (isUserText(frame))
+            append(userText, i, readTxxx(plainBody(tag, frame)));
+    }
+    std::vector<Id3v2Lyric> lyrics = std::move(unsynchronised);
+    std::move(synchronised.begin(), synchronised.end(), std::back_inserter(lyrics));
+    std::move(userText.begin(), userText.end(), std::back_inserter(lyrics));
+    return lyrics;
+}
+
+std::vector<std::string> newId3v2Names()
+{
+    return {"USLT", std::string(kSynced), "TXXX:LYRICS", "TXXX:SYNCEDLYRICS", "TXXX:UNSYNCEDLYRICS"};
+}
+
+std::optional<Failure> setLyric(Id3v2Tag &tag, const std::vector<Id3v2Lyric> &lyrics, const LyricPlace &place,
+    std::string_view text, const std::optional<FrameLength> &frameLength)
+{
+    if (auto failure = unstorable(tag, text))
+        return failure;
+    const bool synchronised
+        = place.field ? lyrics.at(*place.field).field.synchronised : place.newName == kSynced;
+    const bool nothingLeft = synchronised ? holdableText(text).empty() : text.empty();
+    if (!place.field && nothingLeft && synchronised) {
+        return Failure{Reason::NotText,
+            "The lyric has no line with a time, so it cannot be kept as a synchronised one."};
+    }
+    if (place.field && nothingLeft) {
+        tag.frames.erase(tag.frames.begin() + std::ptrdiff_t(lyrics.at(*place.field).frame));
         return std::nullopt;
     }
-    const Id3v2Lyric &lyric = lyrics.at(*place.field);
-    if (text.empty()) {
-        tag.frames.erase(tag.frames.begin() + std::ptrdiff_t(lyric.frame));
-    } else {
-        Id3v2Frame &frame = tag.frames[lyric.frame];
-        frame = renderFrame(tag, lyric.field, frame.id, text);
-    }
+    Outcome<Id3v2Frame> frame = place.field ? changedFrame(tag, lyrics.at(*place.field), text, frameLength)
+                                            : newFrame(tag, place.newName, text);
+    if (!frame.ok())
+        return frame.failure();
+    if (place.field)
+        tag.frames[lyrics.at(*place.field).frame] = std::move(frame.value());
+    else
+        insertFrame(tag, std::move(frame.value()));
     return std::nullopt;
 }
 

@@ -119,7 +119,7 @@ void parseFrames(Id3v2Tag &tag, std::string_view body)
 Failure cutOff()
 {
     return {Reason::Damaged,
-        "The tag at the start of the file is longer than the file: the file is damaged or incomplete."};
+        "The file's ID3 tag is longer than the place it stands in: the file is damaged or incomplete."};
 }
 
 } // namespace
@@ -153,16 +153,15 @@ Outcome<Id3v2Tag> Id3v2Tag::parse(const ByteSource &source)
     if (tag.bytes > source.size())
         return cutOff();
     if (tag.bytes > kMaxTagBytes)
-        return Failure{Reason::TooLarge,
-            "The tag at the start of the file is larger than 64 MiB, which is more than can be read."};
+        return Failure{
+            Reason::TooLarge, "The file's ID3 tag is larger than 64 MiB, which is more than can be read."};
     const std::string header = source.read(0, kHeaderBytes);
     tag.version = unsigned(bigEndian(header, 3, 1));
     tag.revision = unsigned(bigEndian(header, 4, 1));
     tag.flags = unsigned(bigEndian(header, 5, 1));
     if (tag.version == 2
         && (tag.flags & kExtendedHeader)) // there, the bit means a compression nobody defined
-        return Failure{Reason::Unsupported,
-            "The tag at the start of the file is compressed in a way that cannot be read."};
+        return Failure{Reason::Unsupported, "The file's ID3 tag is compressed in a way that cannot be read."};
     std::string body = source.read(kHeaderBytes, std::size_t(*syncSafe(header, 6)));
     if ((tag.flags & kUnsynchronised) && tag.version < 4)
         body = synchronised(body);

@@ -24,7 +24,7 @@ struct Id3v2Frame
     [[nodiscard]] std::string_view body() const { return std::string_view(raw).substr(bodyAt); }
 };
 
-/// An ID3v2 tag (2.2, 2.3, 2.4) at the start of a file, to be edited frame by frame.
+/// An ID3v2 tag (2.2, 2.3, 2.4) at the start of a source, to be edited frame by frame.
 ///
 /// What is not edited is written back byte for byte, in the tag's own version; only an extended
 /// header and a footer are left out of what is written, and unsynchronisation of a whole tag is

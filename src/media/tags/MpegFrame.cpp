@@ -13,6 +13,7 @@ struct Header
 {
     unsigned kind = 0; ///< the bits that all frames of one stream share
     std::uint64_t bytes = 0; ///< length of the frame, header included
+    FrameLength length;
 };
 
 // ISO/IEC 11172-3, 2.4.2.3, and 13818-3: kbit/s by row and the header's four bits.
@@ -42,10 +43,11 @@ std::optional<Header> headerAt(std::string_view bytes, std::size_t at)
     const unsigned padding = (word >> 9) & 1U;
     Header header;
     header.kind = word & 0xFFFE0C00U;
+    header.length = {layer == 1 ? 384U : layer == 3 && version != 3 ? 576U : 1152U, rate};
     if (layer == 1)
         header.bytes = (12ULL * bitrate / rate + padding) * 4;
     else
-        header.bytes = (layer == 3 && version != 3 ? 72ULL : 144ULL) * bitrate / rate + padding;
+        header.bytes = header.length.samples / 8ULL * bitrate / rate + padding;
     return header;
 }
 
@@ -59,6 +61,12 @@ bool isConfirmed(const ByteSource &source, std::uint64_t at, const Header &heade
 }
 
 } // namespace
+
+std::optional<FrameLength> mpegFrameLength(const ByteSource &source, std::uint64_t at)
+{
+    const std::optional<Header> header = headerAt(source.read(at, 4), 0);
+    return header ? std::optional(header->length) : std::nullopt;
+}
 
 std::optional<std::uint64_t> firstMpegFrame(const ByteSource &source, std::uint64_t from, bool oneIsEnough)
 {

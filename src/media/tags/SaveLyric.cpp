@@ -5,6 +5,7 @@
 #include "media/tags/Container.h"
 #include "media/tags/Format.h"
 #include "media/tags/LoadedFile.h"
+#include "media/tags/LyricEdits.h"
 #include "media/tags/PatchedSource.h"
 #include "media/tags/ReplaceFile.h"
 #include "media/tags/SystemCalls.h"
@@ -167,9 +168,7 @@ Outcome<Saved> saveFields(const std::string &path, const std::vector<FieldEdit> 
 Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric, const FileState &expected,
     const SaveProgress &progress, SystemCalls &system)
 {
-    const auto edits = [lyric](const std::vector<LyricField> &fields) {
-        return std::vector<FieldEdit>{{{lyricFieldIndex(fields), {}}, std::string(lyric)}};
-    };
+    const auto edits = [lyric](const std::vector<LyricField> &fields) { return lyricEdits(fields, lyric); };
     return saveEdits(path, edits, expected, progress, system);
 }
 

@@ -39,8 +39,8 @@ struct Saved
 [[nodiscard]] Outcome<Saved> saveFields(const std::string &path, const std::vector<FieldEdit> &edits,
     const FileState &expected, const SaveProgress &progress, SystemCalls &system);
 
-/// The same with the edits that make `lyric` the lyric of the file: it goes to the field that holds the lyric
-/// now, or to the format's usual one; an empty lyric takes that field away.
+/// The same with the edits that make `lyric` the lyric of the file; see lyricEdits(). An empty lyric takes
+/// its fields away.
 [[nodiscard]] Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric,
     const FileState &expected, const SaveProgress &progress = {});
 [[nodiscard]] Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric,

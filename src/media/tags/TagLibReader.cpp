@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/TagLibReader.h"
 
+#include "media/tags/ByteSlice.h"
 #include "media/tags/ByteSource.h"
 #include "media/tags/Id3v2Guard.h"
 #include "media/tags/Id3v2Tag.h"
 #include "media/tags/MpegFrame.h"
+#include "media/tags/RiffGuard.h"
+#include "media/tags/SoundFrames.h"
 #include "media/tags/SourceStream.h"
 #include "media/tags/TagLibViews.h"
 
+#include <taglib/aifffile.h>
 #include <taglib/flacfile.h>
 #include <taglib/id3v2framefactory.h>
 #include <taglib/mp4file.h>
@@ -16,6 +20,7 @@
 #include <taglib/opusfile.h>
 #include <taglib/speexfile.h>
 #include <taglib/vorbisfile.h>
+#include <taglib/wavfile.h>
 
 #include <algorithm>
 #include <utility>
@@ -24,10 +29,36 @@ namespace tags {
 
 namespace {
 
-void view(TagLib::MPEG::File &file, LibraryView &out)
+void addName(const TagLib::String &name, std::string &out)
+{
+    if (out.empty())
+        out = name.to8Bit(true);
+}
+
+/// Title, artist and album, those of them that are not known yet.
+void addNames(const TagLib::Tag &tag, LibraryView &out)
+{
+    addName(tag.title(), out.title);
+    addName(tag.artist(), out.artist);
+    addName(tag.album(), out.album);
+}
+
+void view(TagLib::RIFF::WAV::File &file, LibraryView &out)
+{
+    if (file.hasID3v2Tag()) {
+        addView(*file.ID3v2Tag(), out);
+        addNames(*file.ID3v2Tag(), out);
+    }
+    if (file.hasInfoTag()) {
+        addView(*file.InfoTag(), out);
+        addNames(*file.InfoTag(), out);
+    }
+}
+
+void view(TagLib::RIFF::AIFF::File &file, LibraryView &out)
 {
     if (file.hasID3v2Tag())
-        addView(*file.ID3v2Tag(), out);
+        addView(*file.tag(), out);
 }
 
 void view(TagLib::MP4::File &file, LibraryView &out)
@@ -58,11 +89,8 @@ Outcome<LibraryView> finished(TagLib::File &file, const SourceStream &stream, Li
         return Failure{Reason::Hostile, "The file takes too much reading to be opened safely."};
     if (!file.isValid())
         return Failure{Reason::Damaged, "The file is damaged or incomplete, so its tags cannot be read."};
-    if (const TagLib::Tag *tag = file.tag()) {
-        view.title = tag->title().to8Bit(true);
-        view.artist = tag->artist().to8Bit(true);
-        view.album = tag->album().to8Bit(true);
-    }
+    if (const TagLib::Tag *tag = file.tag())
+        addNames(*tag, view);
     if (const TagLib::AudioProperties *properties = file.audioProperties())
         view.duration = std::max(0, properties->lengthInMilliseconds()) / 1000.0;
     std::sort(view.lyrics.begin(), view.lyrics.end());
@@ -80,6 +108,19 @@ Outcome<LibraryView> viewOf(SourceStream &stream, Arguments... arguments)
     return finished(file, stream, std::move(out));
 }
 
+/// A tag before frames of MPEG sound, or of bare AAC, which the library does not know outside of MP4: it must
+/// not look for frames there.
+Outcome<LibraryView> viewOfFrames(SourceStream &stream, const ByteSource &source, Format format)
+{
+    TagLib::MPEG::File file(&stream, TagLib::ID3v2::FrameFactory::instance(), format == Format::Mpeg);
+    LibraryView out;
+    if (file.isValid() && file.hasID3v2Tag())
+        addView(*file.ID3v2Tag(), out, soundFrameLength(source, format));
+    if (format == Format::Aac)
+        out.duration = aacDuration(source);
+    return finished(file, stream, std::move(out));
+}
+
 /// Where the library begins to read: not at what stands before the file proper, since it would
 /// look for tags there that are not checked here.
 std::uint64_t startOf(const ByteSource &source, Format format)
@@ -91,9 +132,20 @@ std::uint64_t startOf(const ByteSource &source, Format format)
     return 0;
 }
 
+/// Where it stops: behind a WAV or AIFF file proper something may stand that only looks like a part of it.
+std::uint64_t endOf(const ByteSource &source, Format format)
+{
+    const std::optional<RiffOrder> order = riffOrder(format);
+    const Outcome<RiffChunks> riff
+        = order ? RiffChunks::parse(source, *order) : Outcome<RiffChunks>(Failure());
+    return riff.ok() ? riff.value().end() : source.size();
+}
+
 std::optional<Failure> hostileContent(const ByteSource &source, Format format)
 {
-    if (format != Format::Mpeg)
+    if (const std::optional<RiffOrder> order = riffOrder(format))
+        return hostileRiff(source, *order);
+    if (format != Format::Mpeg && format != Format::Aac)
         return std::nullopt; // the other containers bound what they hold when they are parsed
     const Outcome<Id3v2Tag> tag = Id3v2Tag::parse(source);
     return tag.ok() ? hostileTag(tag.value()) : tag.failure();
@@ -105,13 +157,14 @@ Outcome<LibraryView> readWithTagLib(const ByteSource &source, Format format, con
 {
     if (auto failure = hostileContent(source, format))
         return *failure;
-    SourceStream stream(source, startOf(source, format), name);
-    TagLib::ID3v2::FrameFactory *frames = TagLib::ID3v2::FrameFactory::instance();
+    const ByteSlice shown(source, 0, endOf(source, format));
+    SourceStream stream(shown, startOf(source, format), name);
     switch (format) {
     case Format::Mpeg:
-        return viewOf<TagLib::MPEG::File>(stream, frames);
+    case Format::Aac:
+        return viewOfFrames(stream, source, format);
     case Format::Flac:
-        return viewOf<TagLib::FLAC::File>(stream, frames);
+        return viewOf<TagLib::FLAC::File>(stream, TagLib::ID3v2::FrameFactory::instance());
     case Format::OggVorbis:
         return viewOf<TagLib::Ogg::Vorbis::File>(stream);
     case Format::OggOpus:
@@ -122,6 +175,10 @@ Outcome<LibraryView> readWithTagLib(const ByteSource &source, Format format, con
         return viewOf<TagLib::Ogg::FLAC::File>(stream);
     case Format::Mp4:
         return viewOf<TagLib::MP4::File>(stream);
+    case Format::Wav:
+        return viewOf<TagLib::RIFF::WAV::File>(stream);
+    case Format::Aiff:
+        return viewOf<TagLib::RIFF::AIFF::File>(stream);
     }
     return Failure{Reason::Unsupported, "This kind of file cannot be read."};
 }

@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/TagLibViews.h"
 
+#include "media/tags/Id3v2Synced.h"
 #include "media/tags/TagLibReader.h"
 
 #include <taglib/attachedpictureframe.h>
 #include <taglib/mp4coverart.h>
+#include <taglib/synchronizedlyricsframe.h>
 #include <taglib/textidentificationframe.h>
 #include <taglib/unsynchronizedlyricsframe.h>
 
 #include <algorithm>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tags {
 
@@ -41,19 +45,35 @@ void considerCover(const TagLib::ByteVector &data, bool isFront, bool &haveFront
     haveFront = isFront;
 }
 
-/// A lyric's text when the frame is one that counts as a lyric.
-const TagLib::String *asLyric(const TagLib::ID3v2::Frame &frame, TagLib::String &text)
+using Synced = TagLib::ID3v2::SynchronizedLyricsFrame;
+
+/// The text of synchronised lyrics; null when it is something else, or in a unit that cannot be told.
+std::optional<std::string> syncedText(const Synced &frame, const std::optional<FrameLength> &frameLength)
 {
-    if (const auto *uslt = dynamic_cast<const TagLib::ID3v2::UnsynchronizedLyricsFrame *>(&frame)) {
-        text = uslt->text();
-        return &text;
-    }
+    const bool frames = frame.timestampFormat() == Synced::AbsoluteMpegFrames;
+    const bool isLyric = frame.type() == Synced::Lyrics || frame.type() == Synced::TextTranscription;
+    if (!isLyric
+        || !(frames ? frameLength.has_value() : frame.timestampFormat() == Synced::AbsoluteMilliseconds))
+        return std::nullopt;
+    std::vector<SyncedEntry> entries;
+    for (const Synced::SynchedText &entry : frame.synchedText())
+        entries.push_back({frames ? millisecondsOf(entry.time, *frameLength) : entry.time, utf8(entry.text)});
+    return lrcFromEntries(entries);
+}
+
+/// A lyric's text when the frame is one that counts as a lyric.
+std::optional<std::string> lyricText(
+    const TagLib::ID3v2::Frame &frame, const std::optional<FrameLength> &frameLength)
+{
+    if (const auto *uslt = dynamic_cast<const TagLib::ID3v2::UnsynchronizedLyricsFrame *>(&frame))
+        return utf8(uslt->text());
+    if (const auto *sylt = dynamic_cast<const Synced *>(&frame))
+        return syncedText(*sylt, frameLength);
     const auto *user = dynamic_cast<const TagLib::ID3v2::UserTextIdentificationFrame *>(&frame);
     if (!user || !isLyricName(user->description()))
-        return nullptr;
+        return std::nullopt;
     const TagLib::StringList fields = user->fieldList();
-    text = fields.size() > 1 ? fields[1] : TagLib::String();
-    return &text;
+    return fields.size() > 1 ? utf8(fields[1]) : std::string();
 }
 
 /// Texts, data and pictures. Numbers are left out: an item does not say of which width its number
@@ -72,13 +92,12 @@ std::string itemValue(const TagLib::MP4::Item &item)
 
 } // namespace
 
-void addView(const TagLib::ID3v2::Tag &tag, LibraryView &out)
+void addView(const TagLib::ID3v2::Tag &tag, LibraryView &out, const std::optional<FrameLength> &frameLength)
 {
     bool haveFront = false;
     for (const TagLib::ID3v2::Frame *frame : tag.frameList()) {
-        TagLib::String text;
-        if (asLyric(*frame, text)) {
-            out.lyrics.push_back(utf8(text));
+        if (auto text = lyricText(*frame, frameLength)) {
+            out.lyrics.push_back(std::move(*text));
             continue;
         }
         out.others.push_back(bytesOf(frame->render()));
@@ -114,6 +133,12 @@ void addView(const TagLib::MP4::Tag &tag, LibraryView &out)
         if (name == "covr" && !item.toCoverArtList().isEmpty())
             out.cover = bytesOf(item.toCoverArtList().front().data());
     }
+}
+
+void addView(const TagLib::RIFF::Info::Tag &tag, LibraryView &out)
+{
+    for (const auto &[id, value] : tag.fieldListMap())
+        out.others.push_back("INFO " + bytesOf(id) + '=' + utf8(value));
 }
 
 void addPictures(const TagLib::List<TagLib::FLAC::Picture *> &pictures, LibraryView &out)

@@ -5,6 +5,7 @@
 #include "media/tags/Container.h"
 #include "media/tags/Format.h"
 #include "media/tags/Hash.h"
+#include "media/tags/SyncedLyrics.h"
 #include "media/tags/TagLibReader.h"
 #include "media/tags/WorkProgress.h"
 
@@ -53,21 +54,30 @@ std::vector<std::string> sortedTexts(const std::vector<LyricField> &fields)
     return texts;
 }
 
+/// The text that the field has after the edit: what it can hold of the one that was meant.
+std::string heldText(const std::vector<LyricField> &fields, const IntendedEdit &edit)
+{
+    const LyricPlace &place = edit.place;
+    const bool synchronised = place.field ? fields[*place.field].synchronised : place.newName == "SYLT";
+    return synchronised ? holdableText(edit.text) : std::string(edit.text);
+}
+
 bool lyricsAreAsMeant(const Container &old, const Container &edited, const IntendedEdit &edit)
 {
     std::vector<LyricField> expected = old.lyricFields();
     std::vector<LyricField> actual = edited.lyricFields();
+    const std::string text = heldText(expected, edit);
     if (!edit.place.field) {
         // The name and the language of a new field are the format's; the text is what was meant.
-        const auto added = std::find_if(actual.begin(), actual.end(),
-            [&edit](const LyricField &field) { return field.text == edit.text; });
+        const auto added = std::find_if(
+            actual.begin(), actual.end(), [&text](const LyricField &field) { return field.text == text; });
         if (added == actual.end())
             return false;
         actual.erase(added);
-    } else if (edit.text.empty()) {
+    } else if (text.empty()) {
         expected.erase(expected.begin() + std::ptrdiff_t(*edit.place.field));
     } else {
-        expected[*edit.place.field].text = edit.text;
+        expected[*edit.place.field].text = text;
     }
     return sortedTexts(expected) == sortedTexts(actual);
 }
@@ -116,7 +126,8 @@ std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldCo
     const Outcome<LibraryView> after = readWithTagLib(edited, format, name);
     if (edited.hasFailed())
         return Failure{Reason::SystemError, "The file could not be read to its end, so it was left alone."};
-    if (!before.ok() || !after.ok() || !libraryAgrees(before.value(), after.value(), edit.text))
+    if (!before.ok() || !after.ok()
+        || !libraryAgrees(before.value(), after.value(), heldText(oldContainer.lyricFields(), edit)))
         return wouldChange("how other programs read it");
     return std::nullopt;
 }

@@ -33,6 +33,8 @@ const Words kSound = {"-f", "lavfi", "-i", "sine=frequency=440:duration=2", "-f"
     "artist=The Artist", "-metadata", "album=The Album", "-metadata", "comment=kept"};
 const Words kCover = {"-map", "1:v", "-frames:v", "1", "-c:v", "mjpeg", "-disposition:v", "attached_pic",
     "-metadata:s:v", "comment=Cover (front)"};
+const Words kNoNames = {"-metadata", "title=", "-metadata", "artist=", "-metadata", "album=", "-metadata",
+    "comment=", "-fflags", "+bitexact"};
 
 Words joined(const Words &a, const Words &b)
 {
@@ -51,13 +53,18 @@ const std::map<std::string, Words> &recipes()
         {"tagged.flac", kCover},
         {"tagged.m4a", joined(kCover, {"-c:a", "aac"})},
         {"faststart.m4a", joined(kCover, {"-c:a", "aac", "-movflags", "+faststart"})},
-        {"untagged.m4a",
-            {"-c:a", "aac", "-metadata", "title=", "-metadata", "artist=", "-metadata", "album=", "-metadata",
-                "comment=", "-fflags", "+bitexact", "-movflags", "+faststart"}},
+        {"untagged.m4a", joined(kNoNames, {"-c:a", "aac", "-movflags", "+faststart"})},
         {"tagged.ogg", {"-c:a", "libvorbis"}},
         {"tagged.opus", {"-c:a", "libopus"}},
         {"tagged.spx", {"-c:a", "libspeex", "-ar", "16000"}},
         {"tagged.oga", {"-c:a", "flac"}},
+        {"tagged.wav", {"-c:a", "pcm_s16le"}}, // in its INFO list
+        {"untagged.wav", joined(kNoNames, {"-c:a", "pcm_u8"})},
+        {"tagged.aiff", joined(kCover, {"-write_id3v2", "1"})},
+        {"untagged.aif", kNoNames},
+        {"tagged.aac", {"-c:a", "aac", "-write_id3v2", "1"}},
+        {"untagged.aac", {"-c:a", "aac"}},
+        {"untagged.mp2", {"-c:a", "mp2"}},
     };
     return all;
 }

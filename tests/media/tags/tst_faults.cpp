@@ -112,8 +112,8 @@ TEST_P(EveryFormat, InterruptedCallsAndShortWritesAreTakenUpAgain)
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, EveryFormat,
-    testing::Values(
-        "v23.mp3", "v24.mp3", "tagged.flac", "tagged.m4a", "faststart.m4a", "tagged.ogg", "tagged.opus"),
+    testing::Values("v23.mp3", "v24.mp3", "tagged.flac", "tagged.m4a", "faststart.m4a", "tagged.ogg",
+        "tagged.opus", "tagged.wav", "tagged.aiff", "tagged.aac"),
     [](const auto &parameter) {
         std::string name = parameter.param;
         name.replace(name.find('.'), 1, "_");
@@ -174,7 +174,8 @@ bool savedWithRoomFor(rlim_t bytes, const std::string &path)
 
 TEST(Faults, RealLimitOnFilesLeavesTheOldFileOrTheNew)
 {
-    for (const char *name : {"v24.mp3", "tagged.flac", "faststart.m4a", "tagged.ogg"}) {
+    for (const char *name : {"v24.mp3", "tagged.flac", "faststart.m4a", "tagged.ogg", "tagged.wav",
+             "tagged.aiff", "tagged.aac"}) {
         const std::size_t size = contents(sample(name)).size();
         int refused = 0;
         for (std::size_t part = 0; part <= 9; ++part) {

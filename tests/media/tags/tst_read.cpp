@@ -45,7 +45,7 @@ TEST(Read, TitleArtistAlbumCoverAndDuration)
         EXPECT_FALSE(tags.lyric.has_value()) << name;
         EXPECT_EQ(tags.state.size, contents(sample(name)).size()) << name;
         const bool covered = name == "v23.mp3" || name == "v24.mp3" || name == "tagged.flac"
-            || name == "tagged.m4a" || name == "faststart.m4a";
+            || name == "tagged.m4a" || name == "faststart.m4a" || name == "tagged.aiff";
         EXPECT_EQ(tags.cover.substr(0, 3), covered ? "\xFF\xD8\xFF" : "") << name;
     }
 }
@@ -84,11 +84,15 @@ TEST(Read, EmptyFileIsNoAudio)
 TEST(Read, AudioOfAnotherKindIsNamed)
 {
     const Folder folder;
-    write(folder.file("song.wav"), "RIFF\x24\0\0\0WAVEfmt ");
-    const auto outcome = tags::read(folder.file("song.wav"));
-    ASSERT_FALSE(outcome.ok());
-    EXPECT_EQ(outcome.failure().reason, Reason::Unsupported);
-    EXPECT_THAT(outcome.failure().message, HasSubstr("WAV"));
+    for (const auto &[head, name] : {std::pair("DSD ", "DSF"), std::pair("RF64", "RF64"),
+             std::pair("BW64", "BW64"), std::pair("RIFF1234AVI ", "RIFF")}) {
+        write(folder.file("song.wav"), head + std::string(100, '\0'));
+        const auto outcome = tags::read(folder.file("song.wav"));
+        ASSERT_FALSE(outcome.ok());
+        EXPECT_EQ(outcome.failure().reason, Reason::Unsupported);
+        EXPECT_THAT(outcome.failure().message, HasSubstr(name));
+        EXPECT_THAT(outcome.failure().message, HasSubstr("Choose an MP3, M4A, FLAC, Ogg, Opus, WAV"));
+    }
 }
 
 TEST(Read, MissingFileFolderAndLinkToNowhere)
@@ -160,8 +164,8 @@ TEST(Read, EachCallThatFailsIsARefusalWithTheReason)
 TEST(Read, EveryTruncationIsReadOrRefused)
 {
     const Folder folder(Folder::On::Memory);
-    for (const char *name :
-        {"v23.mp3", "tagged.flac", "tagged.m4a", "faststart.m4a", "tagged.ogg", "tagged.opus"}) {
+    for (const char *name : {"v23.mp3", "tagged.flac", "tagged.m4a", "faststart.m4a", "tagged.ogg",
+             "tagged.opus", "tagged.aiff", "tagged.aac"}) {
         const std::string whole = contents(sample(name));
         int refused = 0;
         for (std::size_t size = 0; size < whole.size(); size += size < 600 ? 1 : 997) {

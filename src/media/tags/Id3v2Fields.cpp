@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/Id3v2Fields.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tags {
+
+Id3v2Fields::Id3v2Fields(Id3v2Tag tag, const std::optional<FrameLength> &frameLength)
+    : m_tag(std::move(tag)), m_frameLength(frameLength), m_lyrics(lyricsOf(m_tag, frameLength))
+{ }
+
+std::vector<LyricField> Id3v2Fields::lyricFields() const
+{
+    std::vector<LyricField> fields;
+    for (const Id3v2Lyric &lyric : m_lyrics)
+        fields.push_back(lyric.field);
+    return fields;
+}
+
+std::vector<std::string> Id3v2Fields::otherFields() const
+{
+    std::vector<bool> isLyric(m_tag.frames.size());
+    for (const Id3v2Lyric &lyric : m_lyrics)
+        isLyric[lyric.frame] = true;
+    std::vector<std::string> others;
+    // A tag that ends with its last frame is no tag: its version is nothing that could be kept.
+    if (std::find(isLyric.begin(), isLyric.end(), false) != isLyric.end())
+        others.push_back("version " + std::to_string(m_tag.version));
+    for (std::size_t i = 0; i < m_tag.frames.size(); ++i) {
+        if (!isLyric[i])
+            others.push_back(m_tag.frames[i].raw);
+    }
+    if (!m_tag.tail.empty())
+        others.push_back("tail " + m_tag.tail);
+    return others;
+}
+
+Outcome<std::string> Id3v2Fields::withLyric(const LyricPlace &place, std::string_view text) const
+{
+    Id3v2Tag edited = m_tag;
+    if (std::optional<Failure> failure = setLyric(edited, m_lyrics, place, text, m_frameLength))
+        return *failure;
+    return edited.render();
+}
+
+} // namespace tags

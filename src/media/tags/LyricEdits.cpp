@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/LyricEdits.h"
+
+#include "media/tags/SyncedLyrics.h"
+
+namespace tags {
+
+namespace {
+
+FieldEdit newField(std::string_view lyric)
+{
+    return {{std::nullopt, {}}, std::string(lyric)};
+}
+
+} // namespace
+
+std::vector<FieldEdit> lyricEdits(const std::vector<LyricField> &fields, std::string_view lyric)
+{
+    std::vector<FieldEdit> edits;
+    const std::optional<std::size_t> index = lyricFieldIndex(fields);
+    if (!index) {
+        if (!lyric.empty())
+            edits.push_back(newField(lyric));
+        return edits;
+    }
+    const std::string &old = fields[*index].text;
+    if (old == lyric)
+        return edits;
+    const std::string held = holdableText(lyric);
+    const std::string heldOfOld = holdableText(old);
+    for (std::size_t i = fields.size(); i-- > 0;) {
+        const LyricField &field = fields[i];
+        const std::string text = field.synchronised ? held : std::string(lyric);
+        const bool isCopy = field.text == old || (field.synchronised && field.text == heldOfOld);
+        if (isCopy && field.text != text)
+            edits.push_back({{i, {}}, text});
+    }
+    if (fields[*index].synchronised && held != lyric)
+        edits.push_back(newField(lyric));
+    return edits;
+}
+
+} // namespace tags
