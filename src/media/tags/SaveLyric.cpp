@@ -19,6 +19,9 @@ namespace tags {
 
 namespace {
 
+/// Each edit reads the whole file twice.
+constexpr std::size_t kMaxEdits = 64;
+
 /// How the edits come about, once the fields are known.
 using EditMaker = std::function<std::vector<FieldEdit>(const std::vector<LyricField> &)>;
 
@@ -108,6 +111,11 @@ Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
     const std::vector<FieldEdit> edits = inOrder(makeEdits(fields), fields);
     if (edits.empty())
         return Saved{m_file.state, false, {}};
+    if (edits.size() > kMaxEdits) {
+        return Failure{Reason::Hostile,
+            "The file holds its lyric " + std::to_string(edits.size())
+                + " times over, which no program does; it was left alone."};
+    }
     // Each edit reads the sound before and after it; the copy is written once, and compared with once.
     m_progress = WorkProgress(report, (2 * edits.size() + 3) * m_file.state.size);
     if (auto failure = takeHash())
