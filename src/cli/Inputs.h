@@ -47,6 +47,7 @@ struct InputList
 [[nodiscard]] std::string endingOf(std::string_view path);
 
 inline constexpr std::string_view kLyricEndings[] = {"lrc"};
-inline constexpr std::string_view kAudioEndings[] = {"mp3", "flac", "m4a", "mp4", "ogg", "oga", "opus"};
+inline constexpr std::string_view kAudioEndings[] = {"mp3", "m4a", "mp4", "flac", "ogg", "oga", "opus", "spx",
+    "wav", "aif", "aiff", "aifc", "aac", "mp2", "wma", "asf", "ape", "wv", "mpc"};
 
 } // namespace cli

@@ -40,6 +40,15 @@ constexpr std::array kOptions{
     OptionInfo{Option::Jobs, "--jobs", '\0', "N", "", "work on N files at a time; without it, on all cores"},
     OptionInfo{Option::Quiet, "--quiet", 'q', "", "",
         "no remarks and no progress on standard error; complaints stay"},
+    OptionInfo{Option::Field, "--field", '\0', "FIELD", "",
+        "this lyric field: its name or number, as 'fields' shows them; embed: may stand several times, and "
+        "all "
+        "means every field that is there"},
+    OptionInfo{Option::Clear, "--clear", '\0', "FIELD", "", "take this field out; may stand several times"},
+    OptionInfo{Option::Equal, "--equal", '\0', "", "",
+        "bring the fields that are stale to what the lyric says: the whole lyric, or its words alone"},
+    OptionInfo{Option::Beside, "--beside", '\0', "", "",
+        "the lyric of each song stands in the .lrc file of the same name beside it"},
     OptionInfo{Option::Color, "--color", '\0', "WHEN", "auto always never",
         "colours: auto (on a terminal), always, never"},
 };

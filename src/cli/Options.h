@@ -28,6 +28,10 @@ enum class Option : std::uint8_t {
     Null,
     Jobs,
     Quiet,
+    Field,
+    Clear,
+    Equal,
+    Beside,
     Color
 };
 

@@ -299,7 +299,8 @@ class Audio(Folder):
         self.assertEqual([field["text"] for field in answer["fields"] if field["is_lyric"]], [lyric.decode()])
         self.assertGreater(answer["duration_ms"], 1000)
         changed = self.song.stat()
-        self.assertEqual(json.loads(run("embed", "--json", self.song, path)[1]), {"changed": False, "written": False})
+        self.assertEqual(json.loads(run("embed", "--json", self.song, path)[1]),
+                         {"changed": False, "written": False, "changes": []})
         self.assertEqual(self.song.stat().st_mtime_ns, changed.st_mtime_ns)
 
     def test_an_empty_lyric_takes_the_field_away_only_when_it_is_meant(self):
@@ -310,6 +311,70 @@ class Audio(Folder):
         status, out, err = run("extract", self.song)
         self.assertEqual((status, out), (1, b""))
         self.assertIn(b"no lyric", err)
+
+    def fields(self):
+        answer = json.loads(run("fields", "--json", self.song)[1])
+        return {field["name"]: field for field in answer["fields"]}
+
+    def test_a_chosen_field_gets_the_lyric_and_the_others_stay(self):
+        timed = self.write("t.lrc", b"[ti:x]\n[00:01.00]a\n[00:02.50]b\n")
+        before = self.fields()["USLT"]["text"]
+        self.assertEqual(run("embed", "--field", "SYLT", "--field", "txxx:lyrics", self.song, timed)[0], 0)
+        fields = self.fields()
+        self.assertEqual(fields["USLT"]["text"], before)
+        self.assertEqual(fields["SYLT"]["text"], "[00:01.00]a\n[00:02.50]b\n")
+        self.assertEqual(fields["TXXX:LYRICS"]["text"], timed.read_text())
+        self.assertEqual([fields[name]["is_stale"] for name in ("USLT", "SYLT", "TXXX:LYRICS")], [True, False, False])
+        self.assertTrue(fields["SYLT"]["is_synchronised"])
+        self.assertEqual(run("extract", "--field", "3", self.song)[1], timed.read_bytes())
+        self.assertEqual(run("extract", "--field", "uslt:ENG", self.song)[1].decode(), before)
+        status, _, err = run("embed", "--field", "NONE", self.song, timed)
+        self.assertEqual(status, 1)
+        self.assertIn(b"1 USLT (eng), 2 SYLT (XXX), 3 TXXX:LYRICS", err)
+
+    def test_fields_are_made_equal_and_cleared_after_a_look(self):
+        timed = self.write("t.lrc", b"[00:01.00]a\n[00:02.50]b\n")
+        run("embed", "--field", "TXXX:LYRICS", self.song, timed)
+        before = self.song.read_bytes()
+        status, out, _ = run("fields", "--equal", "--dry-run", self.song)
+        self.assertEqual(status, 0)
+        self.assertIn(b"USLT (eng)\n@@ line 1\n", out)
+        self.assertIn(b"\n+a\n", out)
+        self.assertEqual(self.song.read_bytes(), before)
+        answer = json.loads(run("fields", "--equal", "--json", self.song)[1])
+        self.assertEqual([change["after"] for change in answer["changes"]], ["a\nb"])
+        self.assertEqual(self.fields()["USLT"]["text"], "a\nb")
+        self.assertFalse(any(field["is_stale"] for field in self.fields().values()))
+        self.assertEqual(run("fields", "--clear", "USLT", self.song)[0], 0)
+        self.assertEqual(list(self.fields()), ["TXXX:LYRICS"])
+        self.assertEqual(run("fields", "--clear", "USLT", self.song)[0], 1)
+        self.assertEqual(run("fields", "--dry-run", self.song)[0], 2)
+
+    def test_a_folder_of_songs_with_their_lyrics_beside_them(self):
+        inner = self.folder / "album"
+        inner.mkdir()
+        for name in ("a.mp3", "b.MP3", "c.mp3"):
+            shutil.copy(SONG, inner / name)
+        (inner / "a.lrc").write_bytes(b"[00:01.00]of a\n")
+        (inner / "b.lrc").write_bytes(b"[00:01.00]of b\n")
+        untouched = (inner / "c.mp3").read_bytes()
+        answers = [json.loads(line) for line in run("embed", "--beside", "--json", "--dry-run", inner)[1].splitlines()]
+        self.assertEqual([(Path(a["file"]).name, a["changed"], a["written"]) for a in answers],
+                         [("a.mp3", True, False), ("b.MP3", True, False)])
+        self.assertEqual(run("embed", "--beside", inner), (0, b"", b""))
+        self.assertEqual(run("extract", inner / "a.mp3")[1], b"[00:01.00]of a\n")
+        self.assertEqual(run("extract", inner / "b.MP3")[1], b"[00:01.00]of b\n")
+        self.assertEqual((inner / "c.mp3").read_bytes(), untouched)
+        self.assertEqual(run("embed", "--beside", inner / "c.mp3")[0], 1, "a song that is named has to have one")
+
+        status, _, err = run("extract", "--beside", inner)
+        self.assertEqual(status, 1)
+        self.assertEqual(err.count(b"--force writes over it"), 2)
+        self.assertIn(b"twinkle", (inner / "c.lrc").read_bytes().lower())
+        (inner / "a.lrc").write_bytes(b"older")
+        self.assertEqual(run("extract", "--beside", "--force", inner)[0], 0)
+        self.assertEqual((inner / "a.lrc").read_bytes(), b"[00:01.00]of a\n")
+        self.assertEqual(run("extract", inner)[0], 2, "several lyrics on standard output")
 
     def test_lines_past_the_end_are_found(self):
         length = json.loads(run("fields", "--json", self.song)[1])["duration_ms"]

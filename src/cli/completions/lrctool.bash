@@ -23,9 +23,9 @@ _lrctool() {
     bake-offset) options='--positive --in-place --dry-run --json --encoding --guess-encoding --files-from --null --jobs --quiet --color --help' ;;
     convert) options='--to --from --output --into --force --dry-run --json --encoding --guess-encoding --files-from --null --jobs --quiet --color --help' ;;
     diff) options='--json --encoding --guess-encoding --quiet --color --help' ;;
-    fields) options='--json --files-from --null --jobs --quiet --color --help' names='mp3|flac|m4a|mp4|ogg|oga|opus' ;;
-    extract) options='--json --quiet --help' names='mp3|flac|m4a|mp4|ogg|oga|opus' ;;
-    embed) options='--dry-run --force --json --encoding --guess-encoding --quiet --color --help' names='mp3|flac|m4a|mp4|ogg|oga|opus' ;;
+    fields) options='--equal --clear --dry-run --json --files-from --null --jobs --quiet --color --help' names='mp3|flac|m4a|mp4|ogg|oga|opus' ;;
+    extract) options='--field --beside --force --dry-run --json --files-from --null --jobs --quiet --help' names='mp3|flac|m4a|mp4|ogg|oga|opus' ;;
+    embed) options='--field --beside --dry-run --force --json --encoding --guess-encoding --files-from --null --jobs --quiet --color --help' names='mp3|flac|m4a|mp4|ogg|oga|opus' ;;
     help) mapfile -t COMPREPLY < <(compgen -W 'cat dump check shift stretch format expand collapse sort bake-offset convert diff fields extract embed' -- "$word"); return ;;
     *) return ;;
     esac
@@ -41,6 +41,8 @@ _lrctool() {
     --from | -f) mapfile -t COMPREPLY < <(compgen -W 'lrc enhanced srt vtt ass text ttml' -- "$word"); return ;;
     --output | -o) mapfile -t COMPREPLY < <(compgen -f -- "$word"); return ;;
     --into) mapfile -t COMPREPLY < <(compgen -d -- "$word"); return ;;
+    --clear) return ;;
+    --field) return ;;
     esac
     if [[ $word == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")

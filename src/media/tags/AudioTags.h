@@ -26,6 +26,7 @@ struct AudioTags
     std::string cover; ///< the front cover as it is stored (JPEG, PNG, …); empty when there is none
     double duration = 0; ///< seconds, as the headers tell it: a player knows better
     std::vector<LyricField> lyricFields; ///< every one, in the order of preference
+    std::vector<std::string> newFieldNames; ///< of lyric fields that could be added, the usual one first
     std::optional<std::string> lyric; ///< the text of the one that counts; see lyricFieldIndex()
     FileState state;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/FieldSet.h"
 
+#include "media/tags/LyricEdits.h"
 #include "media/tags/SyncedLyrics.h"
 
 #include <algorithm>
@@ -159,22 +160,25 @@ std::vector<FieldEdit> FieldSet::madeEqual() const
         if (!entry.isStale)
             continue;
         const std::string_view text = !entry.hasTimes ? words : lyric();
-        edits.push_back({{i, {}}, entry.field.synchronised ? holdableText(text) : std::string(text)});
+        edits.push_back({{i, {}}, std::string(text)});
     }
     return edits;
 }
 
 std::vector<FieldSet::Change> FieldSet::changes(const std::vector<FieldEdit> &edits) const
 {
+    std::vector<LyricField> fields;
+    for (const Entry &entry : m_entries)
+        fields.push_back(entry.field);
     std::vector<std::pair<std::size_t, Change>> sorted;
     for (const FieldEdit &edit : edits) {
         Change change;
         change.isNew = !edit.place.field;
         if (edit.place.field)
-            change.field = m_entries.at(*edit.place.field).field;
+            change.field = fields.at(*edit.place.field);
         else
             change.field.name = edit.place.newName.empty() ? m_newNames.front() : edit.place.newName;
-        change.after = edit.text;
+        change.after = heldText(fields, edit.place, edit.text);
         if (change.after != change.field.text)
             sorted.emplace_back(edit.place.field.value_or(m_entries.size()), std::move(change));
     }

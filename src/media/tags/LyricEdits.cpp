@@ -14,6 +14,12 @@ FieldEdit newField(std::string_view lyric)
 
 } // namespace
 
+std::string heldText(const std::vector<LyricField> &fields, const LyricPlace &place, std::string_view text)
+{
+    const bool synchronised = place.field ? fields.at(*place.field).synchronised : place.newName == "SYLT";
+    return synchronised ? holdableText(text) : std::string(text);
+}
+
 std::vector<FieldEdit> lyricEdits(const std::vector<LyricField> &fields, std::string_view lyric)
 {
     std::vector<FieldEdit> edits;

@@ -4,10 +4,16 @@
 #include "media/tags/FieldEdits.h"
 #include "media/tags/LyricFields.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace tags {
+
+/// The text that the field at `place` has once `text` was written to it: of a synchronised one, what it can
+/// hold of it.
+[[nodiscard]] std::string heldText(
+    const std::vector<LyricField> &fields, const LyricPlace &place, std::string_view text);
 
 /// What has to become of the `fields` of a file when its lyric becomes `lyric`:
 ///

@@ -29,6 +29,8 @@ struct LyricPlace
 {
     std::optional<std::size_t> field; ///< index into the fields of the file
     std::string newName; ///< without `field`: the name of the one to add; empty: the format's usual one
+
+    friend bool operator==(const LyricPlace &, const LyricPlace &) = default;
 };
 
 /// Whether some line of `lyric` begins with a time tag, `[mm:ss` or one of its longer forms.

@@ -13,7 +13,7 @@ namespace tags {
 
 namespace {
 
-AudioTags assembled(Format format, LibraryView view, std::vector<LyricField> fields, const FileState &state)
+AudioTags assembled(Format format, LibraryView view, const Container &container, const FileState &state)
 {
     AudioTags tags;
     tags.format = format;
@@ -22,7 +22,8 @@ AudioTags assembled(Format format, LibraryView view, std::vector<LyricField> fie
     tags.album = std::move(view.album);
     tags.cover = std::move(view.cover);
     tags.duration = view.duration;
-    tags.lyricFields = std::move(fields);
+    tags.lyricFields = container.lyricFields();
+    tags.newFieldNames = container.newFieldNames();
     if (const std::optional<std::size_t> index = lyricFieldIndex(tags.lyricFields))
         tags.lyric = tags.lyricFields[*index].text;
     tags.state = state;
@@ -46,8 +47,7 @@ Outcome<AudioTags> read(const std::string &path, SystemCalls &system)
     Outcome<LibraryView> view = readWithTagLib(source, format.value(), path);
     if (!view.ok())
         return view.failure();
-    return assembled(
-        format.value(), std::move(view.value()), container.value()->lyricFields(), file.value().state);
+    return assembled(format.value(), std::move(view.value()), *container.value(), file.value().state);
 }
 
 Outcome<AudioTags> read(const std::string &path)

@@ -66,6 +66,20 @@ std::vector<FieldEdit> inOrder(std::vector<FieldEdit> edits, const std::vector<L
     return edits;
 }
 
+/// What a synchronised field cannot hold a line of would take it away, which is not what was asked for.
+std::optional<Failure> unholdable(const std::vector<FieldEdit> &edits, const std::vector<LyricField> &fields)
+{
+    for (const FieldEdit &edit : edits) {
+        if (!edit.text.empty() && heldText(fields, edit.place, edit.text).empty()) {
+            return Failure{Reason::Unsupported,
+                "The field holds timed lines alone, and the lyric has none. Choose another field, or give "
+                "the "
+                "lines times."};
+        }
+    }
+    return std::nullopt;
+}
+
 /// A large file's hash was not taken when it was loaded; without one, a change while it is copied could go
 /// unnoticed.
 std::optional<Failure> Save::takeHash()
@@ -111,6 +125,8 @@ Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
     const std::vector<FieldEdit> edits = inOrder(makeEdits(fields), fields);
     if (edits.empty())
         return Saved{m_file.state, false, {}};
+    if (auto failure = unholdable(edits, fields))
+        return *failure;
     if (edits.size() > kMaxEdits) {
         return Failure{Reason::Hostile,
             "The file holds its lyric " + std::to_string(edits.size())

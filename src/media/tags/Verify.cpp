@@ -5,7 +5,7 @@
 #include "media/tags/Container.h"
 #include "media/tags/Format.h"
 #include "media/tags/Hash.h"
-#include "media/tags/SyncedLyrics.h"
+#include "media/tags/LyricEdits.h"
 #include "media/tags/TagLibReader.h"
 #include "media/tags/WorkProgress.h"
 
@@ -54,19 +54,11 @@ std::vector<std::string> sortedTexts(const std::vector<LyricField> &fields)
     return texts;
 }
 
-/// The text that the field has after the edit: what it can hold of the one that was meant.
-std::string heldText(const std::vector<LyricField> &fields, const IntendedEdit &edit)
-{
-    const LyricPlace &place = edit.place;
-    const bool synchronised = place.field ? fields[*place.field].synchronised : place.newName == "SYLT";
-    return synchronised ? holdableText(edit.text) : std::string(edit.text);
-}
-
 bool lyricsAreAsMeant(const Container &old, const Container &edited, const IntendedEdit &edit)
 {
     std::vector<LyricField> expected = old.lyricFields();
     std::vector<LyricField> actual = edited.lyricFields();
-    const std::string text = heldText(expected, edit);
+    const std::string text = heldText(expected, edit.place, edit.text);
     if (!edit.place.field) {
         // The name and the language of a new field are the format's; the text is what was meant.
         const auto added = std::find_if(
@@ -127,7 +119,8 @@ std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldCo
     if (edited.hasFailed())
         return Failure{Reason::SystemError, "The file could not be read to its end, so it was left alone."};
     if (!before.ok() || !after.ok()
-        || !libraryAgrees(before.value(), after.value(), heldText(oldContainer.lyricFields(), edit)))
+        || !libraryAgrees(
+            before.value(), after.value(), heldText(oldContainer.lyricFields(), edit.place, edit.text)))
         return wouldChange("how other programs read it");
     return std::nullopt;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/FieldSet.h"
+#include "media/tags/LyricEdits.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -58,7 +59,7 @@ TEST(FieldSet, MadeEqualGivesEachItsKindAndLeavesWhatSaysTheSame)
     for (const FieldSet::Entry &entry : set.entries())
         after.push_back(entry.field);
     for (const tags::FieldEdit &edit : set.madeEqual())
-        after[edit.place.field.value()].text = edit.text;
+        after[edit.place.field.value()].text = tags::heldText(after, edit.place, edit.text);
     EXPECT_EQ(after[0].text, "first\nsecond");
     EXPECT_EQ(after[1].text, kTimed);
     EXPECT_EQ(after[2].text, "[00:01.00]first\n[00:02.50]<00:02.50>se<00:02.80>cond\n");
@@ -106,6 +107,15 @@ TEST(FieldSet, ChangesAreListedInTheOrderOfTheFields)
     EXPECT_EQ(changes[1].field.name, "USLT");
     EXPECT_TRUE(changes[1].isNew);
     EXPECT_EQ(changes[1].after, "new");
+}
+
+TEST(FieldSet, WhatASynchronisedFieldCannotHoldIsNotAmongTheChanges)
+{
+    const FieldSet set({field("SYLT", "[00:01.00]a\n", "eng", true)}, {"USLT", "SYLT"});
+    EXPECT_TRUE(set.changes({{{0, ""}, "[ti:x]\n[00:01.00]a\nuntimed"}}).empty());
+    const auto added = set.changes({{{{}, "SYLT"}, kTimed}});
+    ASSERT_EQ(added.size(), 1U);
+    EXPECT_EQ(added[0].after, "[00:01.00]first\n[00:02.50]<00:02.50>se<00:02.80>cond\n");
 }
 
 TEST(FieldSet, LabelsSayWhatTellsFieldsApart)

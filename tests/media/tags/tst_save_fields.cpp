@@ -95,6 +95,17 @@ TEST_F(SaveFields, OneFieldThatCannotBeWrittenLeavesThemAllAsTheyWere)
     EXPECT_EQ(contents(path), before);
 }
 
+TEST_F(SaveFields, UntimedWordsDoNotTakeASynchronisedFieldAway)
+{
+    const std::string path = folder.copy(sample("v24.mp3"));
+    ASSERT_TRUE(tags::saveFields(path, {{{{}, "SYLT"}, kLyric}}, readOk(path).state).ok());
+    const std::string before = contents(path);
+    const auto saved = tags::saveFields(path, {{{0, {}}, "just words"}}, readOk(path).state);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_THAT(saved.failure().message, HasSubstr("timed lines alone"));
+    EXPECT_EQ(contents(path), before);
+}
+
 TEST_F(SaveFields, CancelledAtAnyMomentLeavesTheOldFileAndNothingElse)
 {
     for (const char *name : {"v24.mp3", "tagged.flac", "faststart.m4a"}) {
