@@ -57,6 +57,7 @@ using ContainerOutcome = Outcome<std::shared_ptr<const Container>>;
 [[nodiscard]] ContainerOutcome parseFlac(const ByteSource &source);
 [[nodiscard]] ContainerOutcome parseOgg(const ByteSource &source, Format format);
 [[nodiscard]] ContainerOutcome parseMp4(const ByteSource &source);
+[[nodiscard]] ContainerOutcome parseAsf(const ByteSource &source);
 
 /// The structure of `source`, which must outlive it.
 [[nodiscard]] ContainerOutcome parseContainer(const ByteSource &source, Format format);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/Format.h"
 
+#include "media/tags/AsfHeader.h"
 #include "media/tags/ByteSource.h"
 #include "media/tags/Id3v2Tag.h"
 #include "media/tags/MpegFrame.h"
@@ -8,6 +9,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tags {
 
@@ -27,11 +29,6 @@ constexpr Signature kOthers[] = {
     {0, "RIFF"sv, "WAV"},
     {0, "RF64"sv, "WAV"},
     {0, "FORM"sv, "AIFF"},
-    {0, "\x30\x26\xB2\x75\x8E\x66\xCF\x11"sv, "WMA"},
-    {0, "MAC "sv, "APE"},
-    {0, "wvPk"sv, "WavPack"},
-    {0, "MPCK"sv, "Musepack"},
-    {0, "MP+"sv, "Musepack"},
     {0, "TTA1"sv, "TTA"},
     {0, "DSD "sv, "DSF"},
     {0, "FRM8"sv, "DSDIFF"},
@@ -39,6 +36,15 @@ constexpr Signature kOthers[] = {
     {0, "ADIF"sv, "AAC"},
     {0, "\xFF\xF1"sv, "AAC"},
     {0, "\xFF\xF9"sv, "AAC"},
+};
+
+/// Audio that other tags may stand before.
+constexpr std::pair<std::string_view, Format> kBehindTags[] = {
+    {"fLaC"sv, Format::Flac},
+    {"MAC "sv, Format::Ape},
+    {"wvpk"sv, Format::WavPack},
+    {"MPCK"sv, Format::Musepack},
+    {"MP+"sv, Format::Musepack},
 };
 
 Failure unsupported(const char *name)
@@ -85,12 +91,16 @@ Outcome<Format> detectFormat(const ByteSource &source)
     const auto has = [&head](std::size_t at, std::string_view bytes) {
         return head.compare(at < head.size() ? at : head.size(), bytes.size(), bytes) == 0;
     };
-    if (has(0, "fLaC"))
-        return Format::Flac;
+    for (const auto &[bytes, format] : kBehindTags) {
+        if (has(0, bytes))
+            return format;
+    }
     if (tagEnd == 0 && has(0, "OggS"))
         return oggFormat(source);
     if (tagEnd == 0 && has(4, "ftyp"))
         return Format::Mp4;
+    if (tagEnd == 0 && has(0, asfHeaderGuid()))
+        return Format::Asf;
     for (const Signature &other : kOthers) {
         if (has(other.at, other.bytes))
             return unsupported(other.name);

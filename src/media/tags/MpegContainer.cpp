@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "media/tags/ApeContainer.h"
 #include "media/tags/ByteSource.h"
 #include "media/tags/Container.h"
 #include "media/tags/Id3v2Lyrics.h"
@@ -12,8 +13,8 @@ namespace tags {
 
 namespace {
 
-/// An MPEG audio file: an ID3v2 tag, then frames. Tags that stand elsewhere (a second ID3v2 tag,
-/// APE and ID3v1 at the end) count as audio here, so that nothing of them changes.
+/// An MPEG audio file: an ID3v2 tag, then frames. Tags that stand elsewhere (a second ID3v2 tag, Lyrics3
+/// and ID3v1 at the end) count as audio here, so that nothing of them changes; see withApeTag() for APE.
 class MpegContainer final : public Container
 {
 public:
@@ -91,8 +92,8 @@ ContainerOutcome parseMpeg(const ByteSource &source)
     if (!tag.ok())
         return tag.failure();
     const bool behindJunk = tag.value().bytes == 0 && hasTagBehindJunk(source);
-    return ContainerOutcome(
-        std::make_shared<MpegContainer>(std::move(tag.value()), source.size(), behindJunk));
+    return ContainerOutcome(withApeTag(
+        std::make_shared<MpegContainer>(std::move(tag.value()), source.size(), behindJunk), source));
 }
 
 } // namespace tags

@@ -4,18 +4,24 @@
 #include "media/tags/ByteSource.h"
 #include "media/tags/Id3v2Guard.h"
 #include "media/tags/Id3v2Tag.h"
+#include "media/tags/LibraryPart.h"
 #include "media/tags/MpegFrame.h"
+#include "media/tags/PartialSource.h"
 #include "media/tags/SourceStream.h"
 #include "media/tags/TagLibViews.h"
 
+#include <taglib/apefile.h>
+#include <taglib/asffile.h>
 #include <taglib/flacfile.h>
 #include <taglib/id3v2framefactory.h>
 #include <taglib/mp4file.h>
+#include <taglib/mpcfile.h>
 #include <taglib/mpegfile.h>
 #include <taglib/oggflacfile.h>
 #include <taglib/opusfile.h>
 #include <taglib/speexfile.h>
 #include <taglib/vorbisfile.h>
+#include <taglib/wavpackfile.h>
 
 #include <algorithm>
 #include <utility>
@@ -28,6 +34,26 @@ void view(TagLib::MPEG::File &file, LibraryView &out)
 {
     if (file.hasID3v2Tag())
         addView(*file.ID3v2Tag(), out);
+    if (file.hasAPETag())
+        addView(*file.APETag(), out);
+}
+
+/// Monkey's Audio, WavPack and Musepack.
+template <typename File>
+requires requires(File &file)
+{
+    file.APETag();
+}
+void view(File &file, LibraryView &out)
+{
+    if (file.hasAPETag())
+        addView(*file.APETag(), out);
+}
+
+void view(TagLib::ASF::File &file, LibraryView &out)
+{
+    if (file.tag())
+        addView(*file.tag(), out);
 }
 
 void view(TagLib::MP4::File &file, LibraryView &out)
@@ -84,8 +110,15 @@ Outcome<LibraryView> viewOf(SourceStream &stream, Arguments... arguments)
 /// look for tags there that are not checked here.
 std::uint64_t startOf(const ByteSource &source, Format format)
 {
-    if (format == Format::Flac)
+    switch (format) {
+    case Format::Flac:
+    case Format::Ape:
+    case Format::WavPack:
+    case Format::Musepack:
         return leadingId3v2Size(source);
+    default:
+        break;
+    }
     if (format == Format::Mpeg && id3v2Size(source, 0) == 0)
         return firstMpegFrame(source, 0, false).value_or(0);
     return 0;
@@ -105,7 +138,8 @@ Outcome<LibraryView> readWithTagLib(const ByteSource &source, Format format, con
 {
     if (auto failure = hostileContent(source, format))
         return *failure;
-    SourceStream stream(source, startOf(source, format), name);
+    const PartialSource part(source, hiddenFromLibrary(source, format).value_or(Range()));
+    SourceStream stream(part, startOf(source, format), name);
     TagLib::ID3v2::FrameFactory *frames = TagLib::ID3v2::FrameFactory::instance();
     switch (format) {
     case Format::Mpeg:
@@ -122,6 +156,14 @@ Outcome<LibraryView> readWithTagLib(const ByteSource &source, Format format, con
         return viewOf<TagLib::Ogg::FLAC::File>(stream);
     case Format::Mp4:
         return viewOf<TagLib::MP4::File>(stream);
+    case Format::Ape:
+        return viewOf<TagLib::APE::File>(stream);
+    case Format::WavPack:
+        return viewOf<TagLib::WavPack::File>(stream);
+    case Format::Musepack:
+        return viewOf<TagLib::MPC::File>(stream);
+    case Format::Asf:
+        return viewOf<TagLib::ASF::File>(stream);
     }
     return Failure{Reason::Unsupported, "This kind of file cannot be read."};
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <taglib/apetag.h>
+#include <taglib/asftag.h>
 #include <taglib/flacpicture.h>
 #include <taglib/id3v2tag.h>
 #include <taglib/mp4tag.h>
@@ -15,6 +17,8 @@ struct LibraryView;
 void addView(const TagLib::ID3v2::Tag &tag, LibraryView &out);
 void addView(const TagLib::Ogg::XiphComment &comment, LibraryView &out);
 void addView(const TagLib::MP4::Tag &tag, LibraryView &out);
+void addView(const TagLib::APE::Tag &tag, LibraryView &out);
+void addView(const TagLib::ASF::Tag &tag, LibraryView &out);
 void addPictures(const TagLib::List<TagLib::FLAC::Picture *> &pictures, LibraryView &out);
 
 } // namespace tags

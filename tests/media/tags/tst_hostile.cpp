@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AudioSamples.h"
 #include "media/tags/AudioTags.h"
+#include "media/tags/HandMade.h"
 #include "media/tags/SaveLyric.h"
 
 #include <gtest/gtest.h>
@@ -12,20 +13,6 @@ namespace {
 
 using namespace samples;
 using tags::Reason;
-
-std::string big(std::uint64_t value, int bytes)
-{
-    std::string out;
-    for (int i = bytes - 1; i >= 0; --i)
-        out += static_cast<char>((value >> (8 * i)) & 0xFF);
-    return out;
-}
-
-std::string little(std::uint64_t value, int bytes)
-{
-    const std::string reversed = big(value, bytes);
-    return {reversed.rbegin(), reversed.rend()};
-}
 
 std::string atom(const std::string &name, const std::string &body)
 {
@@ -194,8 +181,8 @@ TEST_F(Hostile, EndlessFlacBlocks)
 
 TEST_F(Hostile, FlippedBytesNeverHarm)
 {
-    for (const char *name :
-        {"v23.mp3", "v24.mp3", "tagged.flac", "faststart.m4a", "tagged.ogg", "tagged.oga"}) {
+    for (const char *name : {"v23.mp3", "v24.mp3", "tagged.flac", "faststart.m4a", "tagged.ogg", "tagged.oga",
+             "tagged.ape", "tagged.wv", "tagged.mpc", "tagged.wma"}) {
         const std::string whole = contents(sample(name));
         unsigned random = 12345;
         for (int round = 0; round < 300; ++round) {
