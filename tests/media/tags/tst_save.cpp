@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AudioSamples.h"
 #include "media/tags/AudioTags.h"
+#include "media/tags/Edits.h"
 #include "media/tags/SaveLyric.h"
 
 #include <gmock/gmock.h>
@@ -15,6 +16,7 @@
 namespace {
 
 using namespace samples;
+using edits::texts;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -39,32 +41,6 @@ tags::Saved saveOk(const std::string &path, std::string_view lyric)
         return {};
     }
     return outcome.value();
-}
-
-std::string longLyric()
-{
-    std::string out;
-    for (int i = 0; out.size() < (1U << 20); ++i)
-        out += "[" + std::to_string(10 + i / 60) + ":" + std::to_string(10 + i % 50) + ".00]line number "
-            + std::to_string(i) + "\n";
-    return out;
-}
-
-const std::map<std::string, std::string> &texts()
-{
-    static const std::map<std::string, std::string> all = {
-        {"LF", "[00:01.00]one\n[00:02.00]two\n"},
-        {"CRLF", "[00:01.00]one\r\n[00:02.00]two\r\n"},
-        {"CR", "[00:01.00]one\r[00:02.00]two"},
-        {"CJK", "[00:01.00]\u8D70\u5ECA\u306B\u97FF\u304F\n[00:02.00]\uB178\uB798\n"},
-        {"emoji", "[00:01.00]\U0001F3B5 la \U0001F469\u200D\U0001F3A4\n"},
-        {"BOM", "\uFEFF[00:01.00]one\n"},
-        {"BOMInside", "[00:01.00]on\uFEFFe\n"},
-        {"blanksAround", "  \n\n [00:01.00] one \t\n\n\n"},
-        {"noTimes", "only words"},
-        {"megabyte", longLyric()},
-    };
-    return all;
 }
 
 class EverySample : public testing::TestWithParam<std::string>
