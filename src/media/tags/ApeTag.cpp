@@ -14,7 +14,7 @@ constexpr std::string_view kMagic = "APETAGEX";
 constexpr std::size_t kFooterBytes = kApeFooterBytes;
 constexpr std::size_t kItemHeadBytes = 8;
 constexpr std::size_t kLongestKey = 255;
-constexpr std::uint64_t kMaxTagBytes = 32U << 20;
+constexpr std::uint64_t kMaxTagBytes = 16U << 20; // as others bound it
 /// No song has as many, and a library that keeps them in lists takes a gigabyte for some millions.
 constexpr std::size_t kMaxValues = 100000;
 
@@ -140,7 +140,7 @@ Outcome<std::string> ApeTag::render() const
         body += item.raw;
     body += tail;
     if (body.size() > kMaxTagBytes - kFooterBytes)
-        return Failure{Reason::TooLarge, "The lyric is too long for this file, whose tag holds 32 MiB."};
+        return Failure{Reason::TooLarge, "The lyric is too long for this file, whose tag holds 16 MiB."};
     std::string out;
     if (footer.empty() || !header.empty())
         out = frame(header, kHasHeader | kIsHeader, items.size(), body.size());

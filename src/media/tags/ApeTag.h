@@ -42,7 +42,7 @@ struct ApeTag
     std::string tail; ///< what follows the last item
 
     /// The tag at the end of `source`, before an ID3v1 tag and a Lyrics3 block; one of 0 bytes when there
-    /// is none. A tag of more than 32 MiB or 100,000 values is refused.
+    /// is none. A tag of more than 16 MiB or 100,000 values is refused.
     [[nodiscard]] static Outcome<ApeTag> parse(const ByteSource &source);
 
     /// 1 or 2.

@@ -171,7 +171,7 @@ TEST(ApeTags, FirstVersionIsReadAndNotWritten)
 
 TEST(ApeTags, LyricTooLongForATagIsRefused)
 {
-    EXPECT_EQ(refusalOf(ape(""), newField(), std::string(33U << 20, 'x')), Reason::TooLarge);
+    EXPECT_EQ(refusalOf(ape(""), newField(), std::string(17U << 20, 'x')), Reason::TooLarge);
 }
 
 TEST(ApeTags, TagsBeforeTheSoundStayAsTheyAre)
