@@ -16,10 +16,10 @@ using edits::field;
 using edits::fieldsOf;
 using edits::namesOf;
 using edits::newField;
+using edits::refusalOf;
 using tags::LyricField;
 using tags::Reason;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
@@ -31,13 +31,6 @@ LyricField lyric(const std::string &name, const std::string &text)
 std::string ape(const std::string &tags)
 {
     return silentMonkeysAudio() + tags;
-}
-
-std::optional<Reason> refusalOf(
-    const std::string &bytes, const tags::LyricPlace &place, std::string_view text)
-{
-    const tags::Outcome<std::string> outcome = edits::tried(bytes, place, text);
-    return outcome.ok() ? std::nullopt : std::optional(outcome.failure().reason);
 }
 
 TEST(ApeTags, NamesInAnyCaseInTheOrderOfPreference)

@@ -16,12 +16,11 @@ using edits::edited;
 using edits::field;
 using edits::fieldsOf;
 using edits::newField;
+using edits::refusalOf;
 using tags::LyricField;
 using tags::Reason;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 
 constexpr unsigned kText = 0;
 constexpr unsigned kBytes = 1;
@@ -55,13 +54,6 @@ std::string libraryText(unsigned language, unsigned stream, const std::string &v
 std::string wma(const std::vector<std::string> &objects)
 {
     return asfFile(contents(sample("untagged.wma")), objects);
-}
-
-std::optional<Reason> refusalOf(
-    const std::string &bytes, const tags::LyricPlace &place, std::string_view lyric)
-{
-    const tags::Outcome<std::string> outcome = edits::tried(bytes, place, lyric);
-    return outcome.ok() ? std::nullopt : std::optional(outcome.failure().reason);
 }
 
 TEST(Asf, EveryTextComesAndGoes)
