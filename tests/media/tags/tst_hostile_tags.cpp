@@ -111,7 +111,7 @@ TEST_F(HostileTags, SoundOfNothingButHeaders)
     const std::string block = "wvpk" + little(24, 4) + little(0x410, 2) + std::string(22, '\0');
     static_cast<void>(tried(repeated(block, 8U << 20)));
     static_cast<void>(tried(repeated("wvpk", 8U << 20)));
-    static_cast<void>(tried("MPCK" + repeated(std::string("ST\x03", 3), 30U << 20)));
+    EXPECT_EQ(tried("MPCK" + repeated("ST\x03", 30U << 20)), Reason::Hostile);
     static_cast<void>(tried("MPCK" + repeated(std::string("ST\0", 3), 8U << 20)));
     static_cast<void>(tried("MP+\x07" + repeated("MP+\x07", 8U << 20)));
     static_cast<void>(tried(repeated("MAC \x96\x0F", 8U << 20)));
