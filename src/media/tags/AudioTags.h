@@ -14,7 +14,22 @@ namespace tags {
 class SystemCalls;
 
 /// What the content of a file is. Its name has no say in it.
-enum class Format { Mpeg, Flac, OggVorbis, OggOpus, OggSpeex, OggFlac, Mp4, Wav, Aiff, Aac };
+enum class Format {
+    Mpeg,
+    Flac,
+    OggVorbis,
+    OggOpus,
+    OggSpeex,
+    OggFlac,
+    Mp4,
+    Wav,
+    Aiff,
+    Aac,
+    Ape,
+    WavPack,
+    Musepack,
+    Asf
+};
 
 /// The tags of one audio file, and what is needed to save it later.
 struct AudioTags

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/Container.h"
 
+#include "media/tags/ApeContainer.h"
+
 namespace tags {
 
 ContainerOutcome parseContainer(const ByteSource &source, Format format)
@@ -23,6 +25,12 @@ ContainerOutcome parseContainer(const ByteSource &source, Format format)
         return parseAiff(source);
     case Format::Aac:
         return parseAac(source);
+    case Format::Ape:
+    case Format::WavPack:
+    case Format::Musepack:
+        return parseApeTagged(source, format);
+    case Format::Asf:
+        return parseAsf(source);
     }
     return Failure{Reason::Unsupported, "This kind of file cannot be read."};
 }

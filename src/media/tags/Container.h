@@ -61,6 +61,7 @@ using ContainerOutcome = Outcome<std::shared_ptr<const Container>>;
 [[nodiscard]] ContainerOutcome parseMp4(const ByteSource &source);
 [[nodiscard]] ContainerOutcome parseWav(const ByteSource &source);
 [[nodiscard]] ContainerOutcome parseAiff(const ByteSource &source);
+[[nodiscard]] ContainerOutcome parseAsf(const ByteSource &source);
 
 /// The structure of `source`, which must outlive it.
 [[nodiscard]] ContainerOutcome parseContainer(const ByteSource &source, Format format);

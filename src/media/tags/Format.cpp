@@ -2,6 +2,7 @@
 #include "media/tags/Format.h"
 
 #include "media/tags/AdtsFrame.h"
+#include "media/tags/AsfHeader.h"
 #include "media/tags/ByteSource.h"
 #include "media/tags/Id3v2Tag.h"
 #include "media/tags/MpegFrame.h"
@@ -9,6 +10,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tags {
 
@@ -29,11 +31,6 @@ constexpr Signature kOthers[] = {
     {0, "RF64"sv, "RF64, which is WAV beyond 4 GiB"},
     {0, "BW64"sv, "BW64, which is WAV beyond 4 GiB"},
     {0, "FORM"sv, "IFF, but no AIFF at the start of the file"},
-    {0, "\x30\x26\xB2\x75\x8E\x66\xCF\x11"sv, "WMA"},
-    {0, "MAC "sv, "APE"},
-    {0, "wvPk"sv, "WavPack"},
-    {0, "MPCK"sv, "Musepack"},
-    {0, "MP+"sv, "Musepack"},
     {0, "TTA1"sv, "TTA"},
     {0, "DSD "sv, "DSF"},
     {0, "FRM8"sv, "DSDIFF"},
@@ -43,6 +40,15 @@ constexpr Signature kOthers[] = {
 
 constexpr const char *kChoose
     = " Choose an MP3, M4A, FLAC, Ogg, Opus, WAV, AIFF, AAC, WMA, APE or WavPack file.";
+
+/// Audio that other tags may stand before.
+constexpr std::pair<std::string_view, Format> kBehindTags[] = {
+    {"fLaC"sv, Format::Flac},
+    {"MAC "sv, Format::Ape},
+    {"wvpk"sv, Format::WavPack},
+    {"MPCK"sv, Format::Musepack},
+    {"MP+"sv, Format::Musepack},
+};
 
 Failure unsupported(const char *name)
 {
@@ -99,8 +105,10 @@ Outcome<Format> detectFormat(const ByteSource &source)
     const auto has = [&head](std::size_t at, std::string_view bytes) {
         return head.compare(at < head.size() ? at : head.size(), bytes.size(), bytes) == 0;
     };
-    if (has(0, "fLaC"))
-        return Format::Flac;
+    for (const auto &[bytes, format] : kBehindTags) {
+        if (has(0, bytes))
+            return format;
+    }
     if (tagEnd == 0 && has(0, "OggS"))
         return oggFormat(source);
     if (tagEnd == 0 && has(4, "ftyp"))
@@ -109,6 +117,8 @@ Outcome<Format> detectFormat(const ByteSource &source)
         return Format::Wav;
     if (tagEnd == 0 && has(0, "FORM") && (has(8, "AIFF") || has(8, "AIFC")))
         return Format::Aiff;
+    if (tagEnd == 0 && has(0, asfHeaderGuid()))
+        return Format::Asf;
     for (const Signature &other : kOthers) {
         if (has(other.at, other.bytes))
             return unsupported(other.name);

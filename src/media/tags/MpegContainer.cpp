@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "media/tags/ApeContainer.h"
 #include "media/tags/ByteSource.h"
 #include "media/tags/Container.h"
 #include "media/tags/Id3v2Fields.h"
@@ -12,7 +13,8 @@ namespace tags {
 namespace {
 
 /// An MPEG audio file, or one of bare AAC: an ID3v2 tag, then frames. Tags that stand elsewhere (a second
-/// ID3v2 tag, APE and ID3v1 at the end) count as audio here, so that nothing of them changes.
+/// ID3v2 tag, Lyrics3 and ID3v1 at the end) count as audio here, so that nothing of them changes; see
+/// withApeTag() for APE.
 class MpegContainer final : public Container
 {
 public:
@@ -71,7 +73,8 @@ ContainerOutcome parseFrames(const ByteSource &source, Format format, bool hasTa
 
 ContainerOutcome parseMpeg(const ByteSource &source)
 {
-    return parseFrames(source, Format::Mpeg, hasTagBehindJunk(source));
+    ContainerOutcome frames = parseFrames(source, Format::Mpeg, hasTagBehindJunk(source));
+    return frames.ok() ? ContainerOutcome(withApeTag(frames.value(), source)) : frames;
 }
 
 ContainerOutcome parseAac(const ByteSource &source)

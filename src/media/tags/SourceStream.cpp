@@ -11,6 +11,9 @@ namespace {
 /// A block that a damaged length asks for is not worth more than this at once.
 constexpr unsigned long kMaxBlockBytes = 128UL << 20;
 
+/// What one call costs at least, however little it asks for: eight million of them are all there are.
+constexpr std::uint64_t kLeastCost = 64;
+
 } // namespace
 
 SourceStream::SourceStream(const ByteSource &source, std::uint64_t start, std::string name)
@@ -28,7 +31,7 @@ TagLib::ByteVector SourceStream::readBlock(unsigned long length)
     }
     const std::uint64_t there = std::min<std::uint64_t>(asked, std::uint64_t(m_length - m_at));
     const std::uint64_t count = std::min({there, m_left, std::uint64_t(length)});
-    m_left -= std::min<std::uint64_t>(m_left, std::max<std::uint64_t>(count, 16));
+    m_left -= std::min<std::uint64_t>(m_left, std::max(count, kLeastCost));
     const std::string bytes = m_source.read(m_start + std::uint64_t(m_at), std::size_t(count));
     m_at += long(bytes.size());
     return {bytes.data(), static_cast<unsigned>(bytes.size())};

@@ -1,26 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/TagLibReader.h"
 
-#include "media/tags/ByteSlice.h"
 #include "media/tags/ByteSource.h"
 #include "media/tags/Id3v2Guard.h"
 #include "media/tags/Id3v2Tag.h"
+#include "media/tags/LibraryPart.h"
 #include "media/tags/MpegFrame.h"
+#include "media/tags/PatchedSource.h"
 #include "media/tags/RiffGuard.h"
 #include "media/tags/SoundFrames.h"
 #include "media/tags/SourceStream.h"
 #include "media/tags/TagLibViews.h"
 
 #include <taglib/aifffile.h>
+#include <taglib/apefile.h>
+#include <taglib/asffile.h>
 #include <taglib/flacfile.h>
 #include <taglib/id3v2framefactory.h>
 #include <taglib/mp4file.h>
+#include <taglib/mpcfile.h>
 #include <taglib/mpegfile.h>
 #include <taglib/oggflacfile.h>
 #include <taglib/opusfile.h>
 #include <taglib/speexfile.h>
 #include <taglib/vorbisfile.h>
 #include <taglib/wavfile.h>
+#include <taglib/wavpackfile.h>
 
 #include <algorithm>
 #include <utility>
@@ -58,6 +63,24 @@ void view(TagLib::RIFF::WAV::File &file, LibraryView &out)
 void view(TagLib::RIFF::AIFF::File &file, LibraryView &out)
 {
     if (file.hasID3v2Tag())
+        addView(*file.tag(), out);
+}
+
+/// Monkey's Audio, WavPack and Musepack.
+template <typename File>
+requires requires(File &file)
+{
+    file.APETag();
+}
+void view(File &file, LibraryView &out)
+{
+    if (file.hasAPETag())
+        addView(*file.APETag(), out);
+}
+
+void view(TagLib::ASF::File &file, LibraryView &out)
+{
+    if (file.tag())
         addView(*file.tag(), out);
 }
 
@@ -116,6 +139,8 @@ Outcome<LibraryView> viewOfFrames(SourceStream &stream, const ByteSource &source
     LibraryView out;
     if (file.isValid() && file.hasID3v2Tag())
         addView(*file.ID3v2Tag(), out, soundFrameLength(source, format));
+    if (file.isValid() && format == Format::Mpeg && file.hasAPETag())
+        addView(*file.APETag(), out);
     if (format == Format::Aac)
         out.duration = aacDuration(source);
     return finished(file, stream, std::move(out));
@@ -125,20 +150,31 @@ Outcome<LibraryView> viewOfFrames(SourceStream &stream, const ByteSource &source
 /// look for tags there that are not checked here.
 std::uint64_t startOf(const ByteSource &source, Format format)
 {
-    if (format == Format::Flac)
+    switch (format) {
+    case Format::Flac:
+    case Format::Ape:
+    case Format::WavPack:
+    case Format::Musepack:
         return leadingId3v2Size(source);
+    default:
+        break;
+    }
     if (format == Format::Mpeg && id3v2Size(source, 0) == 0)
         return firstMpegFrame(source, 0, false).value_or(0);
     return 0;
 }
 
-/// Where it stops: behind a WAV or AIFF file proper something may stand that only looks like a part of it.
-std::uint64_t endOf(const ByteSource &source, Format format)
+/// What is taken out of its sight. Behind a WAV or AIFF file proper something may stand that only looks like
+/// a part of it.
+Edit hiddenFrom(const ByteSource &source, Format format)
 {
-    const std::optional<RiffOrder> order = riffOrder(format);
-    const Outcome<RiffChunks> riff
-        = order ? RiffChunks::parse(source, *order) : Outcome<RiffChunks>(Failure());
-    return riff.ok() ? riff.value().end() : source.size();
+    std::optional<Range> hidden = hiddenFromLibrary(source, format);
+    if (const std::optional<RiffOrder> order = riffOrder(format)) {
+        const Outcome<RiffChunks> riff = RiffChunks::parse(source, *order);
+        const std::uint64_t end = riff.ok() ? riff.value().end() : source.size();
+        hidden = Range{end, source.size() - end};
+    }
+    return hidden ? Edit{{hidden->offset, hidden->size, {}}} : Edit();
 }
 
 std::optional<Failure> hostileContent(const ByteSource &source, Format format)
@@ -157,7 +193,7 @@ Outcome<LibraryView> readWithTagLib(const ByteSource &source, Format format, con
 {
     if (auto failure = hostileContent(source, format))
         return *failure;
-    const ByteSlice shown(source, 0, endOf(source, format));
+    const PatchedSource shown(source, hiddenFrom(source, format));
     SourceStream stream(shown, startOf(source, format), name);
     switch (format) {
     case Format::Mpeg:
@@ -179,6 +215,14 @@ Outcome<LibraryView> readWithTagLib(const ByteSource &source, Format format, con
         return viewOf<TagLib::RIFF::WAV::File>(stream);
     case Format::Aiff:
         return viewOf<TagLib::RIFF::AIFF::File>(stream);
+    case Format::Ape:
+        return viewOf<TagLib::APE::File>(stream);
+    case Format::WavPack:
+        return viewOf<TagLib::WavPack::File>(stream);
+    case Format::Musepack:
+        return viewOf<TagLib::MPC::File>(stream);
+    case Format::Asf:
+        return viewOf<TagLib::ASF::File>(stream);
     }
     return Failure{Reason::Unsupported, "This kind of file cannot be read."};
 }

@@ -4,6 +4,7 @@
 #include "media/tags/Id3v2Synced.h"
 #include "media/tags/TagLibReader.h"
 
+#include <taglib/asfpicture.h>
 #include <taglib/attachedpictureframe.h>
 #include <taglib/mp4coverart.h>
 #include <taglib/synchronizedlyricsframe.h>
@@ -90,6 +91,27 @@ std::string itemValue(const TagLib::MP4::Item &item)
     return value;
 }
 
+std::string attributeValue(const TagLib::ASF::Attribute &attribute)
+{
+    using Attribute = TagLib::ASF::Attribute;
+    const std::string about = std::to_string(attribute.language()) + ' ' + std::to_string(attribute.stream())
+        + ' ' + std::to_string(attribute.type()) + '\n';
+    switch (attribute.type()) {
+    case Attribute::UnicodeType:
+        return about + utf8(attribute.toString());
+    case Attribute::BoolType:
+        return about + std::to_string(attribute.toBool());
+    case Attribute::WordType:
+        return about + std::to_string(attribute.toUShort());
+    case Attribute::DWordType:
+        return about + std::to_string(attribute.toUInt());
+    case Attribute::QWordType:
+        return about + std::to_string(attribute.toULongLong());
+    default:
+        return about + bytesOf(attribute.toByteVector());
+    }
+}
+
 } // namespace
 
 void addView(const TagLib::ID3v2::Tag &tag, LibraryView &out, const std::optional<FrameLength> &frameLength)
@@ -139,6 +161,43 @@ void addView(const TagLib::RIFF::Info::Tag &tag, LibraryView &out)
 {
     for (const auto &[id, value] : tag.fieldListMap())
         out.others.push_back("INFO " + bytesOf(id) + '=' + utf8(value));
+}
+
+void addView(const TagLib::APE::Tag &tag, LibraryView &out)
+{
+    for (const auto &[key, item] : tag.itemListMap()) {
+        if (item.type() == TagLib::APE::Item::Text && isLyricName(key)) {
+            // One text, which the library tears at each NUL.
+            out.lyrics.push_back(utf8(item.values().toString(TagLib::String('\0'))));
+            continue;
+        }
+        out.others.push_back(bytesOf(item.render()));
+        if (key == "COVER ART (FRONT)") {
+            const TagLib::ByteVector data = item.binaryData();
+            const int nameEnd = data.find('\0');
+            out.cover = bytesOf(nameEnd < 0 ? data : data.mid(unsigned(nameEnd) + 1));
+        }
+    }
+}
+
+void addView(const TagLib::ASF::Tag &tag, LibraryView &out)
+{
+    bool haveFront = false;
+    for (const auto &[name, attributes] : tag.attributeListMap()) {
+        const bool isLyric = name == "WM/Lyrics" || name == "WM/Lyrics_Synchronised";
+        for (const TagLib::ASF::Attribute &attribute : attributes) {
+            if (isLyric && attribute.type() == TagLib::ASF::Attribute::UnicodeType) {
+                out.lyrics.push_back(utf8(attribute.toString()));
+                continue;
+            }
+            out.others.push_back(utf8(name) + ' ' + attributeValue(attribute));
+            const TagLib::ASF::Picture picture = attribute.toPicture();
+            if (name == "WM/Picture" && picture.isValid()) {
+                const bool front = picture.type() == TagLib::ASF::Picture::FrontCover;
+                considerCover(picture.picture(), front, haveFront, out.cover);
+            }
+        }
+    }
 }
 
 void addPictures(const TagLib::List<TagLib::FLAC::Picture *> &pictures, LibraryView &out)

@@ -3,6 +3,8 @@
 
 #include "media/tags/MpegFrame.h"
 
+#include <taglib/apetag.h>
+#include <taglib/asftag.h>
 #include <taglib/flacpicture.h>
 #include <taglib/id3v2tag.h>
 #include <taglib/infotag.h>
@@ -23,6 +25,8 @@ void addView(const TagLib::ID3v2::Tag &tag, LibraryView &out,
 void addView(const TagLib::Ogg::XiphComment &comment, LibraryView &out);
 void addView(const TagLib::MP4::Tag &tag, LibraryView &out);
 void addView(const TagLib::RIFF::Info::Tag &tag, LibraryView &out);
+void addView(const TagLib::APE::Tag &tag, LibraryView &out);
+void addView(const TagLib::ASF::Tag &tag, LibraryView &out);
 void addPictures(const TagLib::List<TagLib::FLAC::Picture *> &pictures, LibraryView &out);
 
 } // namespace tags

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AudioSamples.h"
 
+#include "media/tags/HandMade.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -65,6 +67,24 @@ const std::map<std::string, Words> &recipes()
         {"tagged.aac", {"-c:a", "aac", "-write_id3v2", "1"}},
         {"untagged.aac", {"-c:a", "aac"}},
         {"untagged.mp2", {"-c:a", "mp2"}},
+        {"tagged.wv", {"-c:a", "wavpack"}},
+        {"tagged.wma", {"-c:a", "wmav2"}},
+        {"untagged.wma",
+            {"-c:a", "wmav2", "-metadata", "title=", "-metadata", "artist=", "-metadata",
+                "album=", "-metadata", "comment=", "-fflags", "+bitexact"}},
+    };
+    return all;
+}
+
+/// The content of those that ffmpeg reads but does not write.
+const std::map<std::string, std::string> &handMade()
+{
+    static const std::string tag = apeTag(
+        {{"Title", "The Title"}, {"Artist", "The Artist"}, {"Album", "The Album"}, {"Comment", "kept"}});
+    static const std::map<std::string, std::string> all = {
+        {"tagged.ape", silentMonkeysAudio() + tag},
+        {"untagged.ape", silentMonkeysAudio()},
+        {"tagged.mpc", silentMusepack() + tag},
     };
     return all;
 }
@@ -79,15 +99,24 @@ const Folder &made()
             command.push_back(folder.file(name));
             static_cast<void>(output(command));
         }
+        for (const auto &[name, bytes] : handMade())
+            write(folder.file(name), bytes);
         return true;
     }();
     static_cast<void>(done);
     return folder;
 }
 
-bool isLyricLine(const std::string &line)
+constexpr std::array<const char *, 4> kLyricKeys
+    = {"TAG:lyrics", "TAG:LYRICS", "TAG:Lyrics", "TAG:WM/Lyrics"};
+
+/// Where ffprobe's listing names a lyric; at its end when it names none.
+std::size_t lyricAt(const std::string &listing)
 {
-    return line.find("lyrics") != std::string::npos || line.find("LYRICS") != std::string::npos;
+    std::size_t at = listing.size();
+    for (const char *key : kLyricKeys)
+        at = std::min(at, listing.find(key));
+    return at;
 }
 
 } // namespace
@@ -165,6 +194,8 @@ const std::vector<std::string> &names()
         std::vector<std::string> out;
         for (const auto &recipe : recipes())
             out.push_back(recipe.first);
+        for (const auto &file : handMade())
+            out.push_back(file.first);
         return out;
     }();
     return all;
@@ -180,8 +211,8 @@ std::string lyricByFfprobe(const std::string &path)
     // Ogg keeps its tags with the stream, the others with the file.
     const std::string listing = output({"ffprobe", "-v", "error", "-show_entries", "format_tags:stream_tags",
         "-of", "default=noprint_wrappers=1", path});
-    const std::size_t key = std::min(listing.find("TAG:lyrics"), listing.find("TAG:LYRICS"));
-    if (key == std::string::npos)
+    const std::size_t key = lyricAt(listing);
+    if (key == listing.size())
         return {};
     const std::size_t from = listing.find('=', key) + 1;
     const std::size_t next = listing.find("\nTAG:", from);
@@ -199,7 +230,7 @@ std::string othersByFfprobe(const std::string &path)
         "-of", "default=noprint_wrappers=1", path}));
     std::string out;
     for (std::string line; std::getline(listing, line);) {
-        if (!isLyricLine(line))
+        if (lyricAt(line) == line.size())
             out += line + '\n';
     }
     return out;

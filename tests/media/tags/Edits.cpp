@@ -94,6 +94,13 @@ std::string edited(const std::string &bytes, const tags::LyricPlace &place, std:
     return outcome.ok() ? outcome.value() : std::string();
 }
 
+std::optional<tags::Reason> refusalOf(
+    const std::string &bytes, const tags::LyricPlace &place, std::string_view text)
+{
+    const tags::Outcome<std::string> outcome = tried(bytes, place, text);
+    return outcome.ok() ? std::nullopt : std::optional(outcome.failure().reason);
+}
+
 tags::LyricPlace field(std::size_t index)
 {
     return {index, {}};

@@ -5,6 +5,7 @@
 #include "media/tags/Outcome.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,10 @@ namespace edits {
     const std::string &bytes, const tags::LyricPlace &place, std::string_view text);
 /// The same where it must not be refused: a failed test and nothing when it is.
 [[nodiscard]] std::string edited(
+    const std::string &bytes, const tags::LyricPlace &place, std::string_view text);
+
+/// Why it is refused; null when it is not.
+[[nodiscard]] std::optional<tags::Reason> refusalOf(
     const std::string &bytes, const tags::LyricPlace &place, std::string_view text);
 
 [[nodiscard]] tags::LyricPlace field(std::size_t index);

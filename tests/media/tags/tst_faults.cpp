@@ -113,7 +113,8 @@ TEST_P(EveryFormat, InterruptedCallsAndShortWritesAreTakenUpAgain)
 
 INSTANTIATE_TEST_SUITE_P(Formats, EveryFormat,
     testing::Values("v23.mp3", "v24.mp3", "tagged.flac", "tagged.m4a", "faststart.m4a", "tagged.ogg",
-        "tagged.opus", "tagged.wav", "tagged.aiff", "tagged.aac"),
+        "tagged.opus", "tagged.wav", "tagged.aiff", "tagged.aac", "tagged.ape", "tagged.wv", "tagged.mpc",
+        "tagged.wma"),
     [](const auto &parameter) {
         std::string name = parameter.param;
         name.replace(name.find('.'), 1, "_");

@@ -164,8 +164,9 @@ TEST(Read, EachCallThatFailsIsARefusalWithTheReason)
 TEST(Read, EveryTruncationIsReadOrRefused)
 {
     const Folder folder(Folder::On::Memory);
-    for (const char *name : {"v23.mp3", "tagged.flac", "tagged.m4a", "faststart.m4a", "tagged.ogg",
-             "tagged.opus", "tagged.aiff", "tagged.aac"}) {
+    for (const char *name :
+        {"v23.mp3", "tagged.flac", "tagged.m4a", "faststart.m4a", "tagged.ogg", "tagged.opus", "tagged.aiff",
+            "tagged.aac", "tagged.ape", "tagged.wv", "tagged.mpc", "tagged.wma"}) {
         const std::string whole = contents(sample(name));
         int refused = 0;
         for (std::size_t size = 0; size < whole.size(); size += size < 600 ? 1 : 997) {

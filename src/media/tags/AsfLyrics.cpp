@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include "media/tags/AsfLyrics.h"
+
+#include "media/tags/TextCodec.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace tags {
+
+namespace {
+
+constexpr std::array<std::string_view, 2> kLyricNames = {"WM/Lyrics", "WM/Lyrics_Synchronised"};
+
+/// UTF-16 without what terminates it.
+std::string_view withoutTerminator(std::string_view text)
+{
+    while (text.size() >= 2 && text.substr(text.size() - 2) == std::string_view("\0\0", 2))
+        text.remove_suffix(2);
+    return text;
+}
+
+std::string terminatedUtf16(std::string_view text)
+{
+    return markedUtf16FromUtf8(text).substr(2) + std::string(2, '\0');
+}
+
+bool isNamed(const AsfAttribute &attribute, std::string_view name)
+{
+    return attribute.type == kAsfText && utf8FromUtf16(withoutTerminator(attribute.name), false) == name;
+}
+
+bool isLyric(const AsfAttribute &attribute)
+{
+    return std::any_of(kLyricNames.begin(), kLyricNames.end(),
+        [&attribute](std::string_view name) { return isNamed(attribute, name); });
+}
+
+/// The objects that hold attributes, in file order. `Header` may be constant.
+template <typename Header>
+auto attributeObjects(Header &header)
+{
+    std::vector<decltype(&header.objects.front())> objects;
+    for (auto &object : header.objects) {
+        if (object.holdsAttributes())
+            objects.push_back(&object);
+        for (auto &child : object.children) {
+            if (child.holdsAttributes())
+                objects.push_back(&child);
+        }
+    }
+    return objects;
+}
+
+AsfObject &firstOf(std::vector<AsfObject> &objects, AsfKind kind)
+{
+    const auto found = std::find_if(
+        objects.begin(), objects.end(), [kind](const AsfObject &object) { return object.kind == kind; });
+    return found != objects.end() ? *found : objects.emplace_back(AsfObject::make(kind));
+}
+
+void addTo(AsfObject &object, AsfAttribute attribute, const std::string &value)
+{
+    attribute.language = 0;
+    object.attributes.push_back(makeAsfAttribute(object.kind, attribute, value));
+}
+
+/// Adds an attribute to the object for new ones, or to the metadata library when it is too long for that.
+std::optional<Failure> add(AsfHeader &header, AsfAttribute attribute, const std::string &value)
+{
+    if (value.size() <= largestAsfValue(AsfKind::ExtendedContent)) {
+        addTo(firstOf(header.objects, AsfKind::ExtendedContent), std::move(attribute), value);
+        return std::nullopt;
+    }
+    const auto extension = std::find_if(header.objects.begin(), header.objects.end(),
+        [](const AsfObject &object) { return object.kind == AsfKind::HeaderExtension; });
+    if (extension == header.objects.end()) {
+        return Failure{Reason::TooLarge,
+            "The lyric is too long for this WMA file, whose header has no place for texts of more than "
+            "32,766 "
+            "characters."};
+    }
+    addTo(firstOf(extension->children, AsfKind::MetadataLibrary), std::move(attribute), value);
+    return std::nullopt;
+}
+
+/// Takes `object` out of `objects`, if it is one of them.
+bool erased(std::vector<AsfObject> &objects, const AsfObject *object)
+{
+    for (std::size_t i = 0; i < objects.size(); ++i) {
+        if (&objects[i] == object || erased(objects[i].children, object)) {
+            if (&objects[i] == object)
+                objects.erase(objects.begin() + std::ptrdiff_t(i));
+            return true;
+        }
+    }
+    return false;
+}
+
+void remove(AsfHeader &header, AsfObject &object, std::size_t attribute)
+{
+    object.attributes.erase(object.attributes.begin() + std::ptrdiff_t(attribute));
+    if (object.attributes.empty() && object.tail.empty())
+        erased(header.objects, &object);
+}
+
+std::optional<Failure> refusal(const AsfHeader &header, std::string_view text)
+{
+    if (!isUtf8(text) || text.find('\0') != std::string_view::npos) {
+        return Failure{Reason::NotText,
+            "The lyric holds bytes that are not text, which a WMA file cannot store. Correct the lines that "
+            "show a replacement mark, then save again."};
+    }
+    const bool isSigned = std::any_of(header.objects.begin(), header.objects.end(),
+        [](const AsfObject &object) { return object.kind == AsfKind::Signature; });
+    if (isSigned) {
+        return Failure{Reason::Unsupported,
+            "The WMA file is signed by its author, which a change of the lyric would make void."};
+    }
+    return std::nullopt;
+}
+
+void appendOthers(std::vector<std::string> &others, const AsfObject &object, std::uint64_t fileSize)
+{
+    if (object.holdsAttributes()) {
+        const std::string prefix = std::to_string(int(object.kind)) + ' ';
+        for (const AsfAttribute &attribute : object.attributes) {
+            if (!isLyric(attribute))
+                others.push_back(prefix + attribute.raw);
+        }
+        if (!object.tail.empty())
+            others.push_back(prefix + "tail " + object.tail);
+        return;
+    }
+    AsfObject copy = object;
+    copy.children.clear(); // and with them goes the size that they had
+    if (object.kind == AsfKind::FileProperties && asfFileSize(object) == fileSize)
+        setAsfFileSize(copy, 0);
+    others.push_back(copy.render());
+    for (const AsfObject &child : object.children)
+        appendOthers(others, child, fileSize);
+}
+
+} // namespace
+
+std::vector<AsfLyric> lyricsOf(const AsfHeader &header)
+{
+    const std::vector<const AsfObject *> objects = attributeObjects(header);
+    std::vector<AsfLyric> lyrics;
+    for (const std::string_view name : kLyricNames) {
+        for (std::size_t i = 0; i < objects.size(); ++i) {
+            for (std::size_t k = 0; k < objects[i]->attributes.size(); ++k) {
+                const AsfAttribute &attribute = objects[i]->attributes[k];
+                if (!isNamed(attribute, name))
+                    continue;
+                LyricField field;
+                field.tag = "ASF";
+                field.name = name;
+                field.text = utf8FromUtf16(withoutTerminator(attribute.value()), false);
+                lyrics.push_back({i, k, std::move(field)});
+            }
+        }
+    }
+    return lyrics;
+}
+
+std::vector<std::string> newAsfNames()
+{
+    // The synchronised one is binary where it is written as published: as text it is only kept.
+    return {std::string(kLyricNames.front())};
+}
+
+std::optional<Failure> setLyric(
+    AsfHeader &header, const std::vector<AsfLyric> &lyrics, const LyricPlace &place, std::string_view text)
+{
+    if (std::optional<Failure> failure = refusal(header, text))
+        return failure;
+    const std::string value = terminatedUtf16(text);
+    if (!place.field) {
+        AsfAttribute attribute;
+        attribute.name = terminatedUtf16(place.newName.empty() ? kLyricNames.front() : place.newName);
+        return add(header, std::move(attribute), value);
+    }
+    const AsfLyric &lyric = lyrics.at(*place.field);
+    AsfObject &object = *attributeObjects(header).at(lyric.object);
+    const AsfAttribute old = object.attributes[lyric.attribute];
+    if (!text.empty() && value.size() <= largestAsfValue(object.kind)) {
+        object.attributes[lyric.attribute] = makeAsfAttribute(object.kind, old, value);
+        return std::nullopt;
+    }
+    remove(header, object, lyric.attribute);
+    return text.empty() ? std::nullopt : add(header, old, value);
+}
+
+std::vector<std::string> otherParts(const AsfHeader &header, std::uint64_t fileSize)
+{
+    std::vector<std::string> others = {"reserved " + header.head.substr(header.head.size() - 2)};
+    for (const AsfObject &object : header.objects)
+        appendOthers(others, object, fileSize);
+    others.push_back("tail " + header.tail);
+    return others;
+}
+
+} // namespace tags
