@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AudioSamples.h"
-#include "media/tags/AudioTags.h"
-#include "media/tags/SaveLyric.h"
+#include "media/tags/HostileFile.h"
 
 #include <gtest/gtest.h>
 
@@ -34,29 +33,9 @@ std::string atom(const std::string &name, const std::string &body)
 
 const std::string kFileType = atom("ftyp", "M4A \0\0\0\0");
 
-class Hostile : public testing::Test
+class Hostile : public HostileFile
 {
 protected:
-    Folder folder{Folder::On::Memory};
-    std::string path = folder.file("song");
-
-    /// Reads, and tries to save; whatever comes of it, the file is whole and, when nothing was
-    /// saved, untouched. The reason why it was not read, if it was not.
-    std::optional<Reason> tried(const std::string &bytes)
-    {
-        write(path, bytes);
-        const auto read = tags::read(path);
-        const auto saved
-            = tags::saveLyric(path, "[00:01.00]x", read.ok() ? read.value().state : tags::FileState());
-        EXPECT_FALSE(saved.ok() && !read.ok());
-        if (saved.ok())
-            EXPECT_EQ(tags::read(path).value().lyric, "[00:01.00]x");
-        else
-            EXPECT_EQ(contents(path), bytes);
-        EXPECT_EQ(folder.names().size(), 1U);
-        return read.ok() ? std::nullopt : std::optional(read.failure().reason);
-    }
-
     std::string mp3(const std::string &tag) { return tag + contents(sample("untagged.mp3")); }
 };
 
