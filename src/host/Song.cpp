@@ -16,17 +16,11 @@ namespace {
 
 const QStringList &readableSuffixes()
 {
-    static const QStringList all = {QStringLiteral("mp3"), QStringLiteral("flac"), QStringLiteral("m4a"),
-        QStringLiteral("ogg"), QStringLiteral("oga"), QStringLiteral("opus")};
-    return all;
-}
-
-// Songs all the same: who drops one is told why it cannot be opened.
-const QStringList &otherSuffixes()
-{
-    static const QStringList all
-        = {QStringLiteral("aiff"), QStringLiteral("aif"), QStringLiteral("wma"), QStringLiteral("wav"),
-            QStringLiteral("ape"), QStringLiteral("asf"), QStringLiteral("aac"), QStringLiteral("wv")};
+    static const QStringList all = {QStringLiteral("mp3"), QStringLiteral("m4a"), QStringLiteral("flac"),
+        QStringLiteral("ogg"), QStringLiteral("oga"), QStringLiteral("opus"), QStringLiteral("spx"),
+        QStringLiteral("wav"), QStringLiteral("aif"), QStringLiteral("aiff"), QStringLiteral("aifc"),
+        QStringLiteral("aac"), QStringLiteral("wma"), QStringLiteral("asf"), QStringLiteral("ape"),
+        QStringLiteral("wv"), QStringLiteral("mpc"), QStringLiteral("mp2"), QStringLiteral("mp4")};
     return all;
 }
 
@@ -47,9 +41,7 @@ QString notWritable(const QString &path, const QString &reason)
 
 bool looksLikeSong(const QString &path)
 {
-    const QString suffix = QFileInfo(path).suffix();
-    return readableSuffixes().contains(suffix, Qt::CaseInsensitive)
-        || otherSuffixes().contains(suffix, Qt::CaseInsensitive);
+    return readableSuffixes().contains(QFileInfo(path).suffix(), Qt::CaseInsensitive);
 }
 
 QString firstLocalFile(const QMimeData *data)

@@ -3,6 +3,8 @@
 
 #include "media/tags/SyncedLyrics.h"
 
+#include <algorithm>
+
 namespace tags {
 
 namespace {
@@ -18,6 +20,20 @@ std::string heldText(const std::vector<LyricField> &fields, const LyricPlace &pl
 {
     const bool synchronised = place.field ? fields.at(*place.field).synchronised : place.newName == "SYLT";
     return synchronised ? holdableText(text) : std::string(text);
+}
+
+std::optional<LyricField> rivalOf(
+    std::string_view lyric, const std::vector<LyricField> &fields, const std::vector<FieldEdit> &edits)
+{
+    if (lyric.empty() || holdsTimeTags(lyric))
+        return std::nullopt;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const bool isEdited = std::any_of(
+            edits.begin(), edits.end(), [i](const FieldEdit &edit) { return edit.place.field == i; });
+        if (!isEdited && holdsTimeTags(fields[i].text))
+            return fields[i];
+    }
+    return std::nullopt;
 }
 
 std::vector<FieldEdit> lyricEdits(const std::vector<LyricField> &fields, std::string_view lyric)

@@ -4,6 +4,7 @@
 #include "media/tags/FieldEdits.h"
 #include "media/tags/LyricFields.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,11 @@ namespace tags {
 /// hold of it.
 [[nodiscard]] std::string heldText(
     const std::vector<LyricField> &fields, const LyricPlace &place, std::string_view text);
+
+/// The field that would be read as the lyric once `edits` made `lyric` it, although it is another: an untimed
+/// lyric does not count where some field holds times. Null when there is none.
+[[nodiscard]] std::optional<LyricField> rivalOf(
+    std::string_view lyric, const std::vector<LyricField> &fields, const std::vector<FieldEdit> &edits);
 
 /// What has to become of the `fields` of a file when its lyric becomes `lyric`:
 ///

@@ -3,6 +3,7 @@
 
 #include "media/tags/ByteSource.h"
 #include "media/tags/Container.h"
+#include "media/tags/FieldSet.h"
 #include "media/tags/Format.h"
 #include "media/tags/LoadedFile.h"
 #include "media/tags/LyricEdits.h"
@@ -23,7 +24,7 @@ namespace {
 constexpr std::size_t kMaxEdits = 64;
 
 /// How the edits come about, once the fields are known.
-using EditMaker = std::function<std::vector<FieldEdit>(const std::vector<LyricField> &)>;
+using EditMaker = std::function<Outcome<std::vector<FieldEdit>>(const std::vector<LyricField> &)>;
 
 /// One save: the file, and what it becomes edit by edit.
 class Save
@@ -122,7 +123,10 @@ Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
     if (!container.ok())
         return container.failure();
     const std::vector<LyricField> fields = container.value()->lyricFields();
-    const std::vector<FieldEdit> edits = inOrder(makeEdits(fields), fields);
+    const Outcome<std::vector<FieldEdit>> made = makeEdits(fields);
+    if (!made.ok())
+        return made.failure();
+    const std::vector<FieldEdit> edits = inOrder(made.value(), fields);
     if (edits.empty())
         return Saved{m_file.state, false, {}};
     if (auto failure = unholdable(edits, fields))
@@ -192,7 +196,16 @@ Outcome<Saved> saveFields(const std::string &path, const std::vector<FieldEdit> 
 Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric, const FileState &expected,
     const SaveProgress &progress, SystemCalls &system)
 {
-    const auto edits = [lyric](const std::vector<LyricField> &fields) { return lyricEdits(fields, lyric); };
+    const auto edits = [lyric](const std::vector<LyricField> &fields) -> Outcome<std::vector<FieldEdit>> {
+        std::vector<FieldEdit> made = lyricEdits(fields, lyric);
+        if (const std::optional<LyricField> rival = rivalOf(lyric, fields, made)) {
+            return Failure{Reason::Unsupported,
+                "The lyric has no times any more, but another field of the file, " + labelOf(*rival)
+                    + ", has: it would be read as the lyric from now on. Take that field out first (lrctool "
+                      "fields --clear), or keep a time."};
+        }
+        return made;
+    };
     return saveEdits(path, edits, expected, progress, system);
 }
 

@@ -78,17 +78,19 @@ TEST_P(FullDisk, TheOldFileOrTheNewWithSixteenAmountsOfRoom)
 {
     const Folder folder(Folder::On::Memory);
     const std::string bytes = contents(sample(GetParam()));
+    // A disk hands out pages: what is smaller than some of them is taken for as large.
+    const std::size_t step = std::max<std::size_t>(bytes.size(), 5 * 4096) / 10;
     int counts[4] = {};
     for (int i = 0; i < kSizes; ++i) {
         const int answer
-            = inChild([&] { return int(saveOnSmallDisk(folder.path(), bytes, bytes.size() * i / 10)); });
+            = inChild([&] { return int(saveOnSmallDisk(folder.path(), bytes, step * std::size_t(i))); });
         ASSERT_GE(answer, 0) << "died with room " << i;
         if (answer == NoMount)
             GTEST_SKIP() << "a disk of its own cannot be mounted here: this needs root";
         ++counts[answer];
-        EXPECT_NE(answer, Wrong) << "room " << i << "/10 of the file";
+        EXPECT_NE(answer, Wrong) << "room " << i << " steps";
     }
-    EXPECT_GE(counts[Refused], 5);
+    EXPECT_GE(counts[Refused], 2);
     EXPECT_GE(counts[SavedWhole], 2);
 }
 

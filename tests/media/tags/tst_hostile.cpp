@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AudioSamples.h"
 #include "media/tags/HandMade.h"
-#include "media/tags/TriedFile.h"
+#include "media/tags/HostileFile.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ std::string atom(const std::string &name, const std::string &body)
 
 const std::string kFileType = atom("ftyp", "M4A \0\0\0\0");
 
-class Hostile : public TriedFile
+class Hostile : public HostileFile
 {
 protected:
     std::string mp3(const std::string &tag) { return tag + contents(sample("untagged.mp3")); }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AudioSamples.h"
-#include "media/tags/AudioTags.h"
 #include "media/tags/ByteSource.h"
-#include "media/tags/SaveLyric.h"
+#include "media/tags/HostileFile.h"
 
 #include <gtest/gtest.h>
 
@@ -51,26 +50,7 @@ std::string deflated(const std::string &text)
     return toBigEndian(text.size(), 4) + out.substr(0, size);
 }
 
-class HostileId3 : public testing::Test
-{
-protected:
-    Folder folder{Folder::On::Memory};
-    std::string path = folder.file("song");
-
-    /// The reason why the file was not read, if it was not; a save leaves it as it was, or right.
-    std::optional<Reason> tried(const std::string &bytes)
-    {
-        write(path, bytes);
-        const auto read = tags::read(path);
-        const auto saved = tags::saveLyric(path, kLyric, read.ok() ? read.value().state : tags::FileState());
-        EXPECT_FALSE(saved.ok() && !read.ok());
-        if (saved.ok())
-            EXPECT_EQ(tags::read(path).value().lyric, kLyric);
-        else
-            EXPECT_EQ(contents(path), bytes);
-        return read.ok() ? std::nullopt : std::optional(read.failure().reason);
-    }
-};
+using HostileId3 = HostileFile;
 
 TEST_F(HostileId3, RiffOfTwoHundredThousandChunks)
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AudioSamples.h"
 #include "media/tags/HandMade.h"
-#include "media/tags/TriedFile.h"
+#include "media/tags/HostileFile.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ std::string extended(const std::string &body)
     return asfObject(kExtendedContent, body);
 }
 
-using HostileTags = TriedFile;
+using HostileTags = HostileFile;
 
 TEST_F(HostileTags, ApeTagOfManyItems)
 {

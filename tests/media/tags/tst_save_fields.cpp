@@ -106,6 +106,23 @@ TEST_F(SaveFields, UntimedWordsDoNotTakeASynchronisedFieldAway)
     EXPECT_EQ(contents(path), before);
 }
 
+TEST_F(SaveFields, ALyricThatWouldNotReadBackIsRefused)
+{
+    const std::string path = folder.copy(sample("tagged.flac"));
+    const std::vector<tags::FieldEdit> two
+        = {{{{}, "LYRICS"}, kLyric}, {{{}, "SYNCEDLYRICS"}, "[00:01.00]older"}};
+    ASSERT_TRUE(tags::saveFields(path, two, readOk(path).state).ok());
+    const std::string before = contents(path);
+    const auto saved = tags::saveLyric(path, "just words", readOk(path).state);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_THAT(saved.failure().message, HasSubstr("SYNCEDLYRICS"));
+    EXPECT_EQ(contents(path), before);
+    const auto cleared = tags::saveFields(path, {{{1, {}}, ""}}, readOk(path).state);
+    ASSERT_TRUE(cleared.ok());
+    ASSERT_TRUE(tags::saveLyric(path, "just words", cleared.value().state).ok());
+    EXPECT_EQ(readOk(path).lyric, "just words");
+}
+
 TEST_F(SaveFields, CancelledAtAnyMomentLeavesTheOldFileAndNothingElse)
 {
     for (const char *name : {"v24.mp3", "tagged.flac", "faststart.m4a"}) {

@@ -10,8 +10,8 @@
 #include <optional>
 #include <string>
 
-/// A test that gives hostile files to reading and saving.
-class TriedFile : public testing::Test
+/// One file that was made to hurt.
+class HostileFile : public testing::Test
 {
 protected:
     samples::Folder folder{samples::Folder::On::Memory};
@@ -21,13 +21,13 @@ protected:
     /// saved, untouched. The reason why it was not read, if it was not.
     std::optional<tags::Reason> tried(const std::string &bytes)
     {
+        const std::string lyric = "[00:01.00]x\n";
         samples::write(path, bytes);
         const auto read = tags::read(path);
-        const auto saved
-            = tags::saveLyric(path, "[00:01.00]x", read.ok() ? read.value().state : tags::FileState());
+        const auto saved = tags::saveLyric(path, lyric, read.ok() ? read.value().state : tags::FileState());
         EXPECT_FALSE(saved.ok() && !read.ok());
         if (saved.ok())
-            EXPECT_EQ(tags::read(path).value().lyric, "[00:01.00]x");
+            EXPECT_EQ(tags::read(path).value().lyric, lyric);
         else
             EXPECT_EQ(samples::contents(path), bytes);
         EXPECT_EQ(folder.names().size(), 1U);
