@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+//
+// How long what the user does takes until it is on the screen, from the key event to the end of the paint,
+// with the whole component in a window: table, columns, position, ticks, selection, host told. The yardstick
+// is a bare repaint of that window, in the same run.
+
+#include "Table.h"
+#include "lyrics/Corpus.h"
+#include "screen/Desk.h"
+
+#include <QtCore/QLoggingCategory>
+#include <QtGui/QAction>
+#include <QtTest/QTest>
+#include <QtWidgets/QApplication>
+
+#include <cstdio>
+
+namespace {
+
+constexpr double kFrame = 1e9 / 60; ///< nanoseconds
+constexpr std::size_t kSmall = 60;
+constexpr std::size_t kLarge = 100'000;
+
+QByteArray corpusText(std::size_t lines)
+{
+    return QByteArray::fromStdString(corpus::song(lines, corpus::Times::Usual));
+}
+
+/// Words without times, as they are when a song is stamped for the first time.
+QByteArray untimedText(std::size_t lines)
+{
+    QByteArray text;
+    for (std::size_t i = 0; i < lines; ++i)
+        text += "line number " + QByteArray::number(qulonglong(i)) + '\n';
+    return text;
+}
+
+double bareRepaint(const Desk &desk)
+{
+    std::vector<double> samples;
+    for (int i = 0; i < 100; ++i)
+        samples.push_back(taken([&desk] { desk.window->repaint(); }));
+    return quantile(samples, 0.5);
+}
+
+/// `count` stamps by the key, each at another position: key event to painted.
+std::vector<double> stamps(Desk &desk, int count)
+{
+    std::vector<double> samples;
+    samples.reserve(std::size_t(count));
+    for (int i = 0; i < count; ++i) {
+        desk.tick(1 + i * 0.37);
+        settle();
+        samples.push_back(taken([&desk] {
+            QTest::keyClick(desk.table(), Qt::Key_Return);
+            settle();
+        }));
+    }
+    return samples;
+}
+
+void measureStamps()
+{
+    Desk desk;
+    std::vector<double> small;
+    for (int round = 0; round < 5; ++round) {
+        desk.load(untimedText(kSmall));
+        const auto some = stamps(desk, 50);
+        small.insert(small.end(), some.begin(), some.end());
+    }
+    const double bareSmall = bareRepaint(desk);
+    desk.load(untimedText(kLarge));
+    const double bareLarge = bareRepaint(desk);
+    const std::vector<double> many = stamps(desk, 10'000);
+    const double smallMedian = quantile(small, 0.5);
+    const std::vector<double> first(many.begin() + 100, many.begin() + 1'100);
+    const std::vector<double> firstHundred(many.begin(), many.begin() + 100);
+    const std::vector<double> lastHundred(many.end() - 100, many.end());
+    table::row("stamp, key to painted", kSmall, smallMedian, "bare repaint", bareSmall, 2);
+    table::row("stamp, key to painted", kLarge, quantile(first, 0.5), "bare repaint", bareLarge, 2);
+    table::row("stamp, growth", kLarge, quantile(first, 0.5), "stamp at 60 lines", smallMedian, 1.3);
+    table::row("10,000 stamps, the last hundred", kLarge, quantile(lastHundred, 0.5), "the first hundred",
+        quantile(firstHundred, 0.5), 1.1);
+    table::row("10,000 stamps, 99 of 100", kLarge, quantile(many, 0.99), "a frame", kFrame, 1);
+}
+
+/// One command, its undo and its redo, each until it is painted.
+void measureCommand(Desk &desk, const char *name, EditorCommand command, double target)
+{
+    desk.load(corpusText(kLarge));
+    desk.table()->selectSingleRow(int(kLarge / 2));
+    settle();
+    const auto trigger = [&desk](EditorCommand what) {
+        QAction *action = desk.component->action(what);
+        if (!action || !action->isEnabled())
+            std::printf("!! a command could not be run\n");
+        else
+            action->trigger();
+        settle();
+    };
+    std::vector<double> done, undone, redone;
+    for (int i = 0; i < 9; ++i) {
+        done.push_back(taken([&] { trigger(command); }));
+        undone.push_back(taken([&] { trigger(EditorCommand::Undo); }));
+        redone.push_back(taken([&] { trigger(EditorCommand::Redo); }));
+        trigger(EditorCommand::Undo);
+    }
+    const std::string label(name);
+    table::row((label).c_str(), kLarge, quantile(done, 0.5), "a frame", kFrame, target);
+    table::row((label + ", undone").c_str(), kLarge, quantile(undone, 0.5), "a frame", kFrame, target);
+    table::row((label + ", redone").c_str(), kLarge, quantile(redone, 0.5), "a frame", kFrame, target);
+}
+
+void measureCommands()
+{
+    using enum EditorCommand;
+    Desk desk;
+    const struct
+    {
+        const char *name;
+        EditorCommand command;
+        double target; ///< frames; what changes every line has no target of a frame
+    } commands[] = {{"insert a line", InsertLineBefore, 1}, {"duplicate a line", DuplicateLine, 1},
+        {"delete a line", DeleteLines, 1}, {"move a line up", MoveUp, 1},
+        {"merge two lines", MergeWithNext, 1}, {"untag a line", Untag, 1},
+        {"nudge a line", NudgeForward10, 1}, {"make a title", MakeTitle, 1}, {"stamp", Stamp, 1},
+        {"untag every line", UntagAll, 30}, {"delete every line", DeleteAllLines, 30}};
+    for (const auto &[name, command, target] : commands)
+        measureCommand(desk, name, command, target);
+}
+
+void measureTicks()
+{
+    Desk desk;
+    for (const std::size_t lines : {kSmall, kLarge}) {
+        desk.load(corpusText(lines));
+        desk.tick(2.5);
+        settle();
+        const double bare = bareRepaint(desk);
+        Paints paints(*desk.window);
+        std::vector<double> same, changed;
+        for (int i = 0; i < 200; ++i) {
+            same.push_back(taken([&desk] {
+                desk.tick(2.5);
+                settle();
+            }));
+        }
+        const int paintsOfSame = paints.count();
+        for (int i = 0; i < 200; ++i) {
+            changed.push_back(taken([&desk, i] {
+                desk.tick(3 + i * 1.7);
+                settle();
+            }));
+        }
+        table::row("tick, nothing new", lines, quantile(same, 0.5), "bare repaint", bare, 0.05);
+        table::row("tick, another line", lines, quantile(changed, 0.5), "bare repaint", bare, 1);
+        std::printf("    %d paints in 200 ticks with nothing new\n", paintsOfSame);
+    }
+}
+
+void measureOpening()
+{
+    double small = 0;
+    for (const std::size_t lines : {kSmall, kLarge}) {
+        const QByteArray text = corpusText(lines);
+        std::vector<double> opened, read, previewed;
+        for (int i = 0; i < 5; ++i) {
+            Desk desk;
+            desk.tick(0);
+            opened.push_back(taken([&] { desk.load(text); }));
+            read.push_back(taken([&] {
+                RBEditSong song;
+                song.buildWithLrcText({text.constData(), std::size_t(text.size())});
+            }));
+            QAction *preview = desk.component->action(EditorCommand::Preview);
+            previewed.push_back(taken([&] {
+                preview->trigger();
+                QApplication::sendPostedEvents();
+                desk.window->repaint();
+            }));
+        }
+        const double beyond = quantile(opened, 0.5) - quantile(read, 0.5);
+        if (lines == kSmall)
+            small = beyond;
+        table::row("lyric opened, beyond reading it", lines, beyond, "the same at 60 lines", small, 1.3);
+        table::row("preview opened, first picture", lines, quantile(previewed, 0.5), "a frame", kFrame, 1);
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QLoggingCategory::setFilterRules(QStringLiteral("*.info=false\nqt.qpa.*=false"));
+    QApplication application(argc, argv);
+    table::head("on the screen (ns)");
+    // Names choose among the parts.
+    const QStringList chosen = QApplication::arguments().mid(1);
+    const std::pair<const char *, void (*)()> parts[] = {{"stamps", measureStamps},
+        {"commands", measureCommands}, {"ticks", measureTicks}, {"opening", measureOpening}};
+    for (const auto &[name, measure] : parts) {
+        if (chosen.isEmpty() || chosen.contains(QLatin1String(name)))
+            measure();
+    }
+    return 0;
+}
