@@ -3,7 +3,7 @@
 
 #include "shell/contracts/TQInterfaceConfig.h"
 
-#include <QtGui/QShortcut>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
@@ -84,9 +84,9 @@ void DeskSearch::buildStatus()
     bar->setAccessibleName(tr("Searching"));
     auto *button = new QToolButton(m_status);
     button->setObjectName(QStringLiteral("btnCancelSearch"));
-    button->setText(tr("Cancel"));
+    button->setText(tr("Cancel (Esc)"));
     button->setAccessibleName(tr("Cancel the search"));
-    button->setToolTip(tr("Cancel the search (Esc)"));
+    button->setToolTip(tr("Cancel the search"));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QToolButton::clicked, m_service.get(), [this] { m_service->cancel(); });
@@ -96,9 +96,19 @@ void DeskSearch::buildStatus()
     layout->addWidget(button);
     m_window.statusBar()->addPermanentWidget(m_status);
     m_status->hide();
-    m_escape = new QShortcut(Qt::Key_Escape, &m_window);
-    m_escape->setEnabled(false);
-    connect(m_escape, &QShortcut::activated, m_service.get(), [this] { m_service->cancel(); });
+    m_window.installEventFilter(this);
+}
+
+// Not a shortcut: it would compete with the others for this key. What reaches the window is what nobody uses,
+// neither the cell that is being typed in nor the preview, which closes first.
+bool DeskSearch::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == &m_window && event->type() == QEvent::KeyPress && m_service->isSearching()
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        m_service->cancel();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void DeskSearch::showSearching(const QString &title)
@@ -106,14 +116,12 @@ void DeskSearch::showSearching(const QString &title)
     m_window.statusBar()->clearMessage();
     m_label->setText(title.isEmpty() ? tr("Searching…") : tr("Searching for “%1”…").arg(shownTitle(title)));
     m_status->show();
-    m_escape->setEnabled(true);
 }
 
 void DeskSearch::showOutcome(LyricSearch::Outcome outcome, const QString &message)
 {
     Q_UNUSED(outcome)
     m_status->hide();
-    m_escape->setEnabled(false);
     m_window.statusBar()->showMessage(message);
 }
 

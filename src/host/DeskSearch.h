@@ -8,7 +8,6 @@
 
 class QLabel;
 class QMainWindow;
-class QShortcut;
 class QWidget;
 
 namespace desk {
@@ -28,6 +27,8 @@ public:
     /// Another song is shown.
     void withdraw() { m_service->withdraw(); }
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     class Bridge;
 
@@ -40,7 +41,6 @@ private:
     std::shared_ptr<Bridge> m_bridge;
     QWidget *m_status = nullptr;
     QLabel *m_label = nullptr;
-    QShortcut *m_escape = nullptr;
 };
 
 } // namespace desk
