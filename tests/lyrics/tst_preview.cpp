@@ -148,6 +148,11 @@ TEST(DisplayText, IsCutBeforeAPairAndNotInIt)
     out.clear();
     lyrics::appendDisplayText(out, "ab😀", 4);
     EXPECT_EQ(out, u"ab😀");
+    out.clear();
+    lyrics::appendDisplayText(out, "abc", 3);
+    lyrics::appendDisplayText(out, "defg", 3);
+    lyrics::appendDisplayText(out, "h\x01i", 1);
+    EXPECT_EQ(out, u"abcdef…h…");
 }
 
 TEST(DisplayText, IsMeasuredAsItIsShown)
