@@ -16,9 +16,7 @@ void TQLRCEditorViewCtl::previewClicked(QObject *sender)
 {
     const auto alive = self();
     const QByteArray text = songText();
-    RBPreviewSong preview;
-    preview.buildWithLrcText({text.constData(), static_cast<std::size_t>(text.size())});
-    if (preview.aryLines().empty()) {
+    if (!RBPreviewSong::hasLines({text.constData(), static_cast<std::size_t>(text.size())})) {
         TQAlert::OK_info(localized(QStringLiteral("No tags have been entered yet. Please insert tags first "
                                                   "and then preview the lyrics.")),
             {});

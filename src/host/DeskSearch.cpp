@@ -3,13 +3,8 @@
 
 #include "shell/contracts/TQInterfaceConfig.h"
 
-#include <QtGui/QShortcut>
-#include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
-#include <QtWidgets/QProgressBar>
 #include <QtWidgets/QStatusBar>
-#include <QtWidgets/QToolButton>
 
 #include <utility>
 
@@ -18,8 +13,6 @@ namespace desk {
 namespace {
 
 constexpr qsizetype kShownCharacters = 40;
-constexpr int kBarWidth = 72;
-constexpr int kBarHeight = 8;
 
 // One short line, whatever a tag holds; its writing direction stays its own.
 QString shownTitle(const QString &title)
@@ -53,11 +46,12 @@ private:
 
 DeskSearch::DeskSearch(
     QMainWindow &window, const LyricSearch::Settings &settings, std::function<LyricSearch::SongFacts()> facts)
-    : m_window(window), m_service(std::make_shared<LyricSearch>(settings)),
-      m_bridge(std::make_shared<Bridge>(m_service))
+    : m_window(window),
+      m_status(window, {tr("Searching"), tr("Cancel the search")}, QStringLiteral("btnCancelSearch")),
+      m_service(std::make_shared<LyricSearch>(settings)), m_bridge(std::make_shared<Bridge>(m_service))
 {
     m_service->setSongFacts(std::move(facts));
-    buildStatus();
+    connect(&m_status, &StatusWork::cancelled, m_service.get(), [this] { m_service->cancel(); });
     connect(m_service.get(), &LyricSearch::started, this, &DeskSearch::showSearching);
     connect(m_service.get(), &LyricSearch::finished, this, &DeskSearch::showOutcome);
     TQInterfaceConfig::setBridge(std::weak_ptr<TQInterfaceBridge>(m_bridge));
@@ -70,50 +64,16 @@ DeskSearch::~DeskSearch()
     m_service->setSongFacts({});
 }
 
-void DeskSearch::buildStatus()
-{
-    m_status = new QWidget(&m_window);
-    auto *layout = new QHBoxLayout(m_status);
-    layout->setContentsMargins(0, 0, 0, 0);
-    m_label = new QLabel(m_status);
-    m_label->setTextFormat(Qt::PlainText);
-    auto *bar = new QProgressBar(m_status);
-    bar->setRange(0, 0);
-    bar->setTextVisible(false);
-    bar->setFixedSize(kBarWidth, kBarHeight);
-    bar->setAccessibleName(tr("Searching"));
-    auto *button = new QToolButton(m_status);
-    button->setObjectName(QStringLiteral("btnCancelSearch"));
-    button->setText(tr("Cancel"));
-    button->setAccessibleName(tr("Cancel the search"));
-    button->setToolTip(tr("Cancel the search (Esc)"));
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::TabFocus);
-    connect(button, &QToolButton::clicked, m_service.get(), [this] { m_service->cancel(); });
-    layout->addStretch(1);
-    layout->addWidget(m_label);
-    layout->addWidget(bar);
-    layout->addWidget(button);
-    m_window.statusBar()->addPermanentWidget(m_status);
-    m_status->hide();
-    m_escape = new QShortcut(Qt::Key_Escape, &m_window);
-    m_escape->setEnabled(false);
-    connect(m_escape, &QShortcut::activated, m_service.get(), [this] { m_service->cancel(); });
-}
-
 void DeskSearch::showSearching(const QString &title)
 {
     m_window.statusBar()->clearMessage();
-    m_label->setText(title.isEmpty() ? tr("Searching…") : tr("Searching for “%1”…").arg(shownTitle(title)));
-    m_status->show();
-    m_escape->setEnabled(true);
+    m_status.show(title.isEmpty() ? tr("Searching…") : tr("Searching for “%1”…").arg(shownTitle(title)));
 }
 
 void DeskSearch::showOutcome(LyricSearch::Outcome outcome, const QString &message)
 {
     Q_UNUSED(outcome)
-    m_status->hide();
-    m_escape->setEnabled(false);
+    m_status.hide();
     m_window.statusBar()->showMessage(message);
 }
 

@@ -2,14 +2,12 @@
 #pragma once
 
 #include "host/LyricSearch.h"
+#include "host/StatusWork.h"
 
 #include <functional>
 #include <memory>
 
-class QLabel;
 class QMainWindow;
-class QShortcut;
-class QWidget;
 
 namespace desk {
 
@@ -31,16 +29,13 @@ public:
 private:
     class Bridge;
 
-    void buildStatus();
     void showSearching(const QString &title);
     void showOutcome(LyricSearch::Outcome outcome, const QString &message);
 
     QMainWindow &m_window;
+    StatusWork m_status;
     std::shared_ptr<LyricSearch> m_service;
     std::shared_ptr<Bridge> m_bridge;
-    QWidget *m_status = nullptr;
-    QLabel *m_label = nullptr;
-    QShortcut *m_escape = nullptr;
 };
 
 } // namespace desk

@@ -83,6 +83,7 @@ void LyricSearch::requestLyric_artist_completion(
     } else {
         m_run->requests = requestsFor(m_settings.address, m_run->query);
         after(soon, [this] { askNext(); });
+        after(m_settings.time, [this] { conclude(problemText({BoundedGet::Problem::TooSlow, 0, {}, {}})); });
     }
     Q_EMIT started(m_run->query.title);
 }

@@ -39,7 +39,10 @@ public:
         QUrl address = QUrl(QStringLiteral("https://lrclib.net"));
         /// Who asks, "lyricdesk v1.0.0".
         QByteArray userAgent = "lyricdesk";
+        /// Of each answer.
         BoundedGet::Limits limits;
+        /// For the whole search, its pauses included.
+        std::chrono::milliseconds time = std::chrono::seconds(15);
         /// Before a busy service that names no pause is asked again.
         std::chrono::milliseconds pause = std::chrono::seconds(1);
         /// The longest pause that a search waits for.

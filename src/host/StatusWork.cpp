@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/StatusWork.h"
 
-#include <QtGui/QShortcut>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMainWindow>
@@ -20,8 +20,8 @@ constexpr int kSteps = 1000;
 } // namespace
 
 StatusWork::StatusWork(QMainWindow &window, const Words &words, const QString &buttonName)
-    : m_panel(new QWidget(&window)), m_label(new QLabel(m_panel)), m_bar(new QProgressBar(m_panel)),
-      m_escape(new QShortcut(Qt::Key_Escape, &window))
+    : m_window(window), m_panel(new QWidget(&window)), m_label(new QLabel(m_panel)),
+      m_bar(new QProgressBar(m_panel))
 {
     m_label->setTextFormat(Qt::PlainText);
     m_bar->setTextVisible(false);
@@ -29,9 +29,9 @@ StatusWork::StatusWork(QMainWindow &window, const Words &words, const QString &b
     m_bar->setAccessibleName(words.name);
     auto *button = new QToolButton(m_panel);
     button->setObjectName(buttonName);
-    button->setText(tr("Cancel"));
+    button->setText(tr("Cancel (Esc)"));
     button->setAccessibleName(words.cancel);
-    button->setToolTip(tr("%1 (Esc)").arg(words.cancel));
+    button->setToolTip(words.cancel);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     connect(button, &QToolButton::clicked, this, &StatusWork::cancelled);
@@ -43,8 +43,24 @@ StatusWork::StatusWork(QMainWindow &window, const Words &words, const QString &b
         layout->addWidget(part);
     window.statusBar()->addPermanentWidget(m_panel);
     m_panel->hide();
-    m_escape->setEnabled(false);
-    connect(m_escape, &QShortcut::activated, this, &StatusWork::cancelled);
+    window.installEventFilter(this);
+}
+
+// Not a shortcut: it would compete with the others for this key. What reaches the window is what nobody uses,
+// neither the cell that is being typed in nor the preview, which closes first.
+bool StatusWork::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == &m_window && event->type() == QEvent::KeyPress && isShown()
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        Q_EMIT cancelled();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool StatusWork::isShown() const
+{
+    return !m_panel->isHidden();
 }
 
 void StatusWork::show(const QString &text)
@@ -52,7 +68,6 @@ void StatusWork::show(const QString &text)
     m_label->setText(text);
     m_bar->setRange(0, 0);
     m_panel->show();
-    m_escape->setEnabled(true);
 }
 
 void StatusWork::setDone(double done)
@@ -64,7 +79,6 @@ void StatusWork::setDone(double done)
 void StatusWork::hide()
 {
     m_panel->hide();
-    m_escape->setEnabled(false);
 }
 
 } // namespace desk

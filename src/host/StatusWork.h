@@ -6,8 +6,6 @@
 class QLabel;
 class QMainWindow;
 class QProgressBar;
-class QShortcut;
-class QToolButton;
 class QWidget;
 
 namespace desk {
@@ -35,15 +33,18 @@ public:
     /// `done` of the whole, 0 to 1.
     void setDone(double done);
     void hide();
+    [[nodiscard]] bool isShown() const;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     void cancelled();
 
 private:
+    QMainWindow &m_window;
     QWidget *m_panel = nullptr;
     QLabel *m_label = nullptr;
     QProgressBar *m_bar = nullptr;
-    QShortcut *m_escape = nullptr;
 };
 
 } // namespace desk

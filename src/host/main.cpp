@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/DeskWindow.h"
+#include "host/Translations.h"
 #include "media/items/TaggedAudioFile.h"
 #include "media/player/Player.h"
 
@@ -57,6 +58,7 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("lyricdesk"));
     QApplication::setApplicationVersion(QStringLiteral(TQLRC_VERSION));
+    desk::installTranslations(application);
     const auto [songs, search] = readCommandLine(application);
     if (songs.size() > 1) {
         QTextStream(stderr) << "lyricdesk: one song at a time: opening " << songs.first()

@@ -3,6 +3,8 @@
 
 #include "lyrics/Utf8.h"
 
+#include <algorithm>
+
 namespace lyrics {
 namespace {
 
@@ -23,6 +25,12 @@ char32_t fitForView(char32_t c)
     return isControl || isNoncharacter || isObjectMark ? kReplacement : c;
 }
 
+/// Where the letters end that are shown as they are, one unit for one byte.
+const char *endOfPlain(const char *p, const char *end)
+{
+    return std::find_if(p, end, [](char c) { return c < 0x20 || c >= 0x7F; });
+}
+
 } // namespace
 
 void appendDisplayText(std::u16string &out, std::string_view text, std::size_t limit)
@@ -30,6 +38,15 @@ void appendDisplayText(std::u16string &out, std::string_view text, std::size_t l
     const char *end = text.data() + text.size();
     std::size_t units = 0;
     for (const char *p = text.data(); p < end;) {
+        const auto room = static_cast<std::ptrdiff_t>(std::min(limit - units, text.size()));
+        const char *const plain = endOfPlain(p, p + std::min(room, end - p));
+        const auto count = static_cast<std::size_t>(plain - p);
+        out.resize(out.size() + count);
+        std::copy(p, plain, out.end() - (plain - p));
+        units += count;
+        p = plain;
+        if (p == end)
+            return;
         const char32_t c = fitForView(nextCharacter(p, end));
         const std::size_t needed = c > 0xFFFF ? 2 : 1;
         if (limit - units < needed) {

@@ -2,7 +2,9 @@
 #include "lyrics/RBPreviewSong.h"
 
 #include "lyrics/DisplayText.h"
+#include "lyrics/LineReader.h"
 #include "lyrics/PreviewOrder.h"
+#include "lyrics/SongWriter.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,7 +28,34 @@ void RBPreviewSong::buildWithLrcText(std::string_view text)
         earliest = std::min(earliest, m_lines[i].playTime);
         m_earliestFrom[i] = earliest;
     }
-    static_cast<void>(previewSongTextWithHasTag(true));
+    m_areRangesLaidOut = false;
+}
+
+bool RBPreviewSong::hasLines(std::string_view text)
+{
+    if (text.starts_with(lyrics::kByteOrderMark))
+        text.remove_prefix(lyrics::kByteOrderMark.size());
+    const char *const end = text.data() + text.size();
+    lyrics::ReadingContext context;
+    lyrics::LineEndFinder finder(text.data(), end);
+    for (const char *p = text.data(); p < end;) {
+        const char *const next = finder.lineEnd(finder.textEnd(p));
+        const auto line = lyrics::BlockRef::copyOf({p, static_cast<std::size_t>(next - p)});
+        for (const RBSongLine &read : lyrics::readPart(line, context).lines) {
+            if (!read.aryTimes().empty())
+                return true;
+            context.lyricSeen = context.lyricSeen || lyrics::isLyric(read);
+        }
+        p = next;
+    }
+    return false;
+}
+
+const std::vector<RBPreviewLine> &RBPreviewSong::aryLines() const
+{
+    if (!m_areRangesLaidOut)
+        static_cast<void>(layOut(true));
+    return m_lines;
 }
 
 std::optional<std::size_t> RBPreviewSong::currentLineIndex(double seconds) const
@@ -40,9 +69,12 @@ std::optional<std::size_t> RBPreviewSong::currentLineIndex(double seconds) const
     return static_cast<std::size_t>(after - m_earliestFrom.begin()) - 1;
 }
 
-std::u16string RBPreviewSong::previewSongTextWithHasTag(bool hasTag)
+std::u16string RBPreviewSong::layOut(bool hasTag) const
 {
+    m_areRangesLaidOut = true;
     std::u16string text;
+    // Bytes are at least as many as units, but where lines are repeated.
+    text.reserve(m_song.songText().size());
     const auto &songLines = std::as_const(m_song).aryLines();
     bool isFirst = true;
     for (const Row &row : m_rows) {

@@ -6,6 +6,7 @@
 #include "kit/FormLoader.h"
 #include "kit/NotificationCenter.h"
 #include "preview/CoverShadow.h"
+#include "preview/PlayKey.h"
 #include "preview/PreviewFolding.h"
 #include "preview/RBPreviewBgView.h"
 #include "resources/Localized.h"
@@ -100,6 +101,8 @@ void RBPreviewViewController::viewDidLoad()
         ground->setBackgroundColor(kGround);
     m_shadow = new preview::CoverShadow(m_imageview, root);
     m_folding = new preview::PreviewFolding(root);
+    connect(
+        new preview::PlayKey(root), &preview::PlayKey::pressed, this, &RBPreviewViewController::playOrPause);
     wireControls();
     refreshAlignImgs();
     kit::NotificationCenter::defaultCenter().observe(TQLRCEditorAdjustTimeFinishNotification, this,
@@ -256,6 +259,12 @@ void RBPreviewViewController::closeClicked(QObject *sender)
 {
     if (const auto container = parentVC())
         container->backFromPreview(sender);
+}
+
+void RBPreviewViewController::playOrPause()
+{
+    if (const auto container = parentVC())
+        container->pressPlayPause(view());
 }
 
 void RBPreviewViewController::offsetClick(QObject *sender)

@@ -90,6 +90,7 @@ private:
     void showItem();
     void buildSong();
     void wireControls();
+    void playOrPause();
     void adjustTimeFinished(const QVariant &object);
     [[nodiscard]] bool isInWindow() const;
 

@@ -42,6 +42,8 @@ public:
     /// Where the line in which the selection begins stands in the viewport, or will stand when a scroll
     /// that is under way has ended.
     [[nodiscard]] QRect selectedLineRect() const;
+    /// How many lines are laid out now: those that can be seen, and some that were.
+    [[nodiscard]] std::size_t laidOutLines() const { return m_layout.laidOutLines(); }
     [[nodiscard]] bool isGliding() const { return m_glide.state() == QAbstractAnimation::Running; }
 
 protected:

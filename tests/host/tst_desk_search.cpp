@@ -137,6 +137,44 @@ private Q_SLOTS:
         QCOMPARE(text(), QByteArray("b\n"));
     }
 
+    void escapeGoesFirstToWhoeverElseUsesIt()
+    {
+        const auto editor = m_window->component()->editorViewCtl();
+        editor->flushWithSongText("[00:01.00]b\n");
+        m_server->then(LyricServer::bytes({}, Then::Silence));
+        search();
+        editor->tableView()->editColumn_row_select(1, 0, true);
+        QVERIFY(QApplication::focusWidget() != editor->tableView());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QCOMPARE(QApplication::focusWidget(), editor->tableView());
+        QVERIFY(isShownAsSearching());
+
+        QTest::keyClick(editor->tableView(), Qt::Key_P, Qt::ControlModifier);
+        QVERIFY(!editor->view()->isVisible());
+        QTest::keyClick(m_window.get(), Qt::Key_Escape);
+        QTRY_VERIFY(editor->view()->isVisible());
+        QVERIFY(isShownAsSearching());
+
+        QTest::keyClick(m_window.get(), Qt::Key_Escape);
+        QCOMPARE(status(), QStringLiteral("The search was cancelled."));
+    }
+
+    void searchingAgainBeginsAnew()
+    {
+        m_server->then(LyricServer::bytes({}, Then::Silence));
+        search();
+        QTRY_COMPARE(m_server->asked.size(), 1);
+        const QPointer<QTcpSocket> first = m_server->client;
+        answerWithALyric();
+        search();
+        QVERIFY(isShownAsSearching());
+        QTRY_COMPARE(text(), QByteArray("[00:01.00]found\n"));
+        QTRY_VERIFY(!first);
+        QVERIFY(!isShownAsSearching());
+        m_window->component()->action(EditorCommand::Undo)->trigger();
+        QCOMPARE(text(), QByteArray("b\n")); // it was found once
+    }
+
     void anotherSongWithdrawsIt()
     {
         // The answer is on its way when the song is changed.

@@ -284,6 +284,40 @@ private Q_SLOTS:
         QVERIFY2(desk.message.contains(words), qPrintable(desk.message));
     }
 
+    void theWholeSearchIsInTime()
+    {
+        Desk desk;
+        desk.settings.time = 50ms; // of one answer: 20 s
+        desk.server.then(LyricServer::answer(404, "{}"));
+        desk.server.then(LyricServer::bytes({}, Then::Silence));
+        desk.request();
+        QTRY_COMPARE(desk.outcomes, QList({Outcome::Failed}));
+        QVERIFY(desk.message.contains(QLatin1String("did not answer in time")));
+        QCOMPARE(desk.texts, QByteArrayList({QByteArray()}));
+        QTRY_VERIFY(!desk.server.client);
+    }
+
+    void itsPausesCountToo()
+    {
+        Desk desk;
+        desk.settings.time = 50ms;
+        desk.server.then(LyricServer::answer(503, {}, "Retry-After: 5\r\n"));
+        desk.request();
+        QTRY_COMPARE(desk.outcomes, QList({Outcome::Failed}));
+        QVERIFY(desk.message.contains(QLatin1String("did not answer in time")));
+    }
+
+    void whatWasFoundInTimeIsFound()
+    {
+        Desk desk;
+        desk.server.then(LyricServer::answer(200, record("null", kPlain)));
+        desk.server.then(LyricServer::bytes({}, Then::Silence));
+        desk.settings.time = 2s; // enough for the first answer
+        desk.request();
+        QTRY_COMPARE(desk.texts, QByteArrayList({"a\n"}));
+        QCOMPARE(desk.outcomes, QList({Outcome::Found}));
+    }
+
     void cancellingAnswersAtOnceAndOnce()
     {
         Desk desk;

@@ -76,6 +76,28 @@ TEST(Allocations, EqualityAndSearchNeedNone)
     EXPECT_EQ(work.allocations, 0U);
 }
 
+TEST(Allocations, WhetherAPreviewHasLinesIsReadOffItsBeginning)
+{
+    const std::string text = "[ti:x]\n\n" + repeated("[00:12.34]hello\n", kLines);
+    const counted::Work work = counted::by([&] { EXPECT_TRUE(RBPreviewSong::hasLines(text)); });
+    EXPECT_LE(work.bytes, 2000U);
+}
+
+TEST(Allocations, APreviewLaysItsTextOutOnce)
+{
+    const std::string text = "[ti:x]\n" + repeated("[00:12.34]hello\n", kLines);
+    const std::size_t shown = (kLines * 6 + 2) * sizeof(char16_t);
+    RBPreviewSong song;
+    const counted::Work building = counted::by([&] { song.buildWithLrcText(text); });
+    EXPECT_LE(building.allocations, 60U);
+    const counted::Work layingOut = counted::by([&] {
+        EXPECT_EQ(song.previewSongTextWithHasTag(true).size(), kLines * 6 + 1);
+        EXPECT_EQ(song.aryLines().back().txtRg, (RBTextRange{kLines * 6 - 4, 5}));
+    });
+    EXPECT_LT(layingOut.bytes, 2 * (text.size() + 1) * sizeof(char16_t));
+    EXPECT_GE(layingOut.bytes, shown);
+}
+
 TEST(Allocations, ACopyOfADocumentSharesItsText)
 {
     RBEditSong song;

@@ -78,6 +78,7 @@ counted::Work workOn(const std::string &text)
         song.updateSongText();
         RBPreviewSong preview;
         preview.buildWithLrcText(text);
+        EXPECT_EQ(RBPreviewSong::hasLines(text), !preview.aryLines().empty());
         static_cast<void>(preview.previewSongTextWithHasTag(false));
     });
 }

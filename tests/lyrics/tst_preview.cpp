@@ -46,6 +46,16 @@ TEST(Preview, WithoutTimeTagsHasNoLines)
     EXPECT_TRUE(preview("[ti:x]\nplain\n\n").aryLines().empty());
 }
 
+TEST(Preview, IsKnownToHaveLinesWithoutBeingBuilt)
+{
+    for (const std::string_view text :
+        {"", "\xEF\xBB\xBF", "plain\r[ti:x]", "[xx:yy] text\n[xx:yy][00:01.00]text", "[offset:5]\n\n"})
+        EXPECT_FALSE(RBPreviewSong::hasLines(text)) << text;
+    for (const std::string_view text : {"[00:01.00]", "\xEF\xBB\xBF[00:01.00]a", "plain\r[00:01.00]b",
+             "[xx:yy][00:01.00]text", "\n\n [01:02:03]c"})
+        EXPECT_TRUE(RBPreviewSong::hasLines(text)) << text;
+}
+
 TEST(Preview, ShowsTagLinesOnlyOnRequest)
 {
     RBPreviewSong song = preview("[ti:Title]\n[00:01.00]one\n[offset:5]\nplain\n[00:02.50]two\n");
@@ -138,6 +148,11 @@ TEST(DisplayText, IsCutBeforeAPairAndNotInIt)
     out.clear();
     lyrics::appendDisplayText(out, "ab😀", 4);
     EXPECT_EQ(out, u"ab😀");
+    out.clear();
+    lyrics::appendDisplayText(out, "abc", 3);
+    lyrics::appendDisplayText(out, "defg", 3);
+    lyrics::appendDisplayText(out, "h\x01i", 1);
+    EXPECT_EQ(out, u"abcdef…h…");
 }
 
 TEST(DisplayText, IsMeasuredAsItIsShown)
@@ -203,6 +218,7 @@ TEST(Preview, HoldsForAnyText)
         for (const RBSongLine &line : lines.aryLines())
             times += line.isProperty() ? 0 : line.aryTimes().count();
         ASSERT_EQ(song.aryLines().size(), times);
+        ASSERT_EQ(RBPreviewSong::hasLines(text), times > 0) << text;
         for (const bool hasTag : {true, false}) {
             const std::u16string shown = song.previewSongTextWithHasTag(hasTag);
             for (const RBPreviewLine &line : song.aryLines()) {

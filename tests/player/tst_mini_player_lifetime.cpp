@@ -2,10 +2,7 @@
 //
 // Everybody may go first while the slider is being dragged.
 #include "player/MiniPlayerTest.h"
-
-#include <algorithm>
-#include <array>
-#include <numeric>
+#include "support/EveryOrder.h"
 
 class tst_MiniPlayerLifetime : public MiniPlayerTest
 {
@@ -33,45 +30,44 @@ private:
 
 void tst_MiniPlayerLifetime::everybodyMayGoInAnyOrderDuringADrag()
 {
-    enum Who { Strip, View, Host, Container, OwnItem, AndPlayer, Count };
-    std::array<int, Count> order{};
-    std::iota(order.begin(), order.end(), 0);
-    do {
-        setUp();
-        press();
-        const QPointer<ProgressSliderView> slider = m_strip->prgSlider();
-        const std::weak_ptr<TQLRCEditorMiniPlayerViewCtl> strip = m_strip;
-        for (const int who : order) {
-            switch (who) {
-            case Strip:
-                m_strip.reset();
-                QVERIFY(strip.expired());
-                break;
-            case View:
-                delete (m_strip != nullptr ? m_strip->view() : nullptr);
-                break;
-            case Host:
-                m_host.reset();
-                break;
-            case Container:
-                m_container.reset();
-                break;
-            case OwnItem:
-                m_item.reset();
-                break;
-            default:
-                m_player.reset();
+    enum Who { Strip, View, Host, Container, OwnItem, AndPlayer };
+    support::inEveryOrder(
+        {Strip, View, Host, Container, OwnItem, AndPlayer}, [this](const std::vector<int> &order) {
+            setUp();
+            press();
+            const QPointer<ProgressSliderView> slider = m_strip->prgSlider();
+            const std::weak_ptr<TQLRCEditorMiniPlayerViewCtl> strip = m_strip;
+            for (const int who : order) {
+                switch (who) {
+                case Strip:
+                    m_strip.reset();
+                    QVERIFY(strip.expired());
+                    break;
+                case View:
+                    delete (m_strip != nullptr ? m_strip->view() : nullptr);
+                    break;
+                case Host:
+                    m_host.reset();
+                    break;
+                case Container:
+                    m_container.reset();
+                    break;
+                case OwnItem:
+                    m_item.reset();
+                    break;
+                default:
+                    m_player.reset();
+                }
+                if (slider != nullptr) {
+                    QTest::mouseMove(slider, QPoint(60 + 10 * who, 12));
+                }
+                if (m_strip != nullptr) {
+                    m_strip->updatePlayerProgress(who);
+                }
             }
-            if (slider != nullptr) {
-                QTest::mouseMove(slider, QPoint(60 + 10 * who, 12));
-            }
-            if (m_strip != nullptr) {
-                m_strip->updatePlayerProgress(who);
-            }
-        }
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(slider == nullptr);
-    } while (std::next_permutation(order.begin(), order.end()));
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QVERIFY(slider == nullptr);
+        });
 }
 
 void tst_MiniPlayerLifetime::whoeverIsToldMayDestroyTheStrip_data()

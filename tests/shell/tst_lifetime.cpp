@@ -1,41 +1,19 @@
 // SPDX-License-Identifier: MIT
 //
 // Everybody may go first, and in any callback.
-#include "editor/TQLRCEditorViewCtl.h"
-#include "player/TQLRCEditorMiniPlayerViewCtl.h"
-#include "shell/TQWLRCEditorViewCtl.h"
+#include "kit/ProgressSliderView.h"
+#include "shell/World.h"
+#include "support/EveryOrder.h"
+#include "support/LyricService.h"
 #include "support/QtWarnings.h"
-#include "support/StandIns.h"
 
 #include <QtTest/QTest>
-#include <QtWidgets/QMainWindow>
-
-#include <algorithm>
-#include <numeric>
+#include <QtWidgets/QAbstractButton>
 
 namespace {
 
-struct World
-{
-    World()
-    {
-        container = TQWLRCEditorViewCtl::initWithPlayer(player);
-        container->setDelegate(host);
-        host->onPlay = [this](const std::shared_ptr<WXEAudioFile> &asked) {
-            player->music = asked;
-            player->playing = true;
-        };
-        window->setCentralWidget(container->view());
-        window->show();
-        container->flushWithAudioItem(item);
-    }
-
-    std::shared_ptr<standin::Player> player = std::make_shared<standin::Player>();
-    std::shared_ptr<standin::Host> host = std::make_shared<standin::Host>();
-    std::shared_ptr<standin::Item> item = std::make_shared<standin::Item>("a\nb\n");
-    std::shared_ptr<TQWLRCEditorViewCtl> container;
-    std::unique_ptr<QMainWindow> window = std::make_unique<QMainWindow>();
-};
+const std::vector<int> kEverybody{
+    World::ItsHost, World::ItsPlayer, World::ItsItem, World::ItsContainer, World::ItsWindow};
 
 } // namespace
 
@@ -43,46 +21,117 @@ class Lifetime : public QObject
 {
     Q_OBJECT
 
+private:
+    static void useWhatIsLeft(const World &world)
+    {
+        if (world.player) {
+            world.player->tick(1.0);
+        }
+        if (world.container) {
+            world.editor()->insertTimeTag();
+            world.container->serializeToAudioItem();
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
 private Q_SLOTS:
     void init() { support::failOnUnexpectedWarnings(); }
 
     void everybodyMayGoInAnyOrder()
     {
-        std::vector<int> order(5);
-        std::iota(order.begin(), order.end(), 0);
-        do {
+        support::inEveryOrder(kEverybody, [](const std::vector<int> &order) {
             World world;
             const std::weak_ptr<TQWLRCEditorViewCtl> container = world.container;
             for (const int who : order) {
-                switch (who) {
-                case 0:
-                    world.host->onPlay = {};
-                    world.host.reset();
-                    break;
-                case 1:
-                    world.player.reset();
-                    break;
-                case 2:
-                    world.item.reset();
-                    break;
-                case 3:
-                    world.container.reset();
-                    break;
-                default:
-                    world.window.reset();
-                    break;
-                }
-                if (world.player) {
-                    world.player->tick(1.0);
-                }
-                if (world.container) {
-                    world.container->editorViewCtl()->insertTimeTag();
-                    world.container->serializeToAudioItem();
-                }
-                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                world.letGo(who);
+                useWhatIsLeft(world);
             }
             QVERIFY(container.expired());
-        } while (std::next_permutation(order.begin(), order.end()));
+        });
+    }
+
+    void everybodyMayGoInAnyOrderDuringADrag()
+    {
+        support::inEveryOrder(kEverybody, [](const std::vector<int> &order) {
+            World world;
+            const std::weak_ptr<TQWLRCEditorViewCtl> container = world.container;
+            const QPointer<ProgressSliderView> slider = world.strip()->prgSlider();
+            QTest::mousePress(slider, Qt::LeftButton, {}, QPoint(40, 12));
+            QVERIFY(!world.player->playing);
+            for (const int who : order) {
+                world.letGo(who);
+                if (slider) {
+                    QTest::mouseMove(slider, QPoint(60 + 10 * who, 12));
+                }
+                useWhatIsLeft(world);
+            }
+            QVERIFY(container.expired());
+            QVERIFY(!slider);
+        });
+    }
+
+    void everybodyMayGoInAnyOrderDuringASearch()
+    {
+        constexpr int kTheAnswer = World::OfATest;
+        support::inEveryOrder(
+            {World::ItsHost, World::ItsPlayer, World::ItsContainer, World::ItsWindow, kTheAnswer},
+            [](const std::vector<int> &order) {
+                World world;
+                const standin::RegisteredBridge bridge;
+                const std::weak_ptr<TQWLRCEditorViewCtl> container = world.container;
+                const std::weak_ptr<TQLRCEditorViewCtl> editor = world.editor();
+                world.editor()->searchLyricClick();
+                QCOMPARE(bridge.service().requests.size(), std::size_t(1));
+                bool isContainerThere = true;
+                for (const int who : order) {
+                    isContainerThere = isContainerThere && who != World::ItsContainer;
+                    if (who == kTheAnswer) {
+                        bridge.service().answer("[00:01.00]found\n");
+                        QCOMPARE(editor.expired(), !isContainerThere);
+                    } else {
+                        world.letGo(who);
+                    }
+                    if (world.player) {
+                        world.player->tick(1.0);
+                    }
+                    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                }
+                QVERIFY(container.expired());
+                QVERIFY(editor.expired());
+            });
+    }
+
+    // Also those that the container made: a host may hold them, and let them go when it likes.
+    void everybodyMayGoInAnyOrderInACallback()
+    {
+        enum Child { Editor = World::OfATest, Strip };
+        support::inEveryOrder({World::ItsHost, World::ItsContainer, World::ItsWindow, Editor, Strip},
+            [](const std::vector<int> &order) {
+                World world;
+                std::shared_ptr<TQLRCEditorViewCtl> editor = world.editor();
+                std::shared_ptr<TQLRCEditorMiniPlayerViewCtl> strip = world.strip();
+                const std::weak_ptr<TQWLRCEditorViewCtl> container = world.container;
+                QAbstractButton *const stamp = editor->btnInsertTime();
+                bool wasTold = false;
+                world.host->onChanged = [&] {
+                    if (std::exchange(wasTold, true)) {
+                        return;
+                    }
+                    for (const int who : order) {
+                        if (who == Editor) {
+                            editor.reset();
+                        } else if (who == Strip) {
+                            strip.reset();
+                        } else {
+                            world.letGo(who);
+                        }
+                    }
+                };
+                QTest::mouseClick(stamp, Qt::LeftButton);
+                QVERIFY(wasTold);
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                QVERIFY(container.expired());
+            });
     }
 
     void theContainerMayGoInEveryCallbackOfTheHost_data()

@@ -1,22 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
 // From the lines to the finished lyric and back, as a user does it.
-#include "editor/TQLRCEditorViewCtl.h"
-#include "preview/RBPreviewViewController.h"
-#include "shell/TQWLRCEditorViewCtl.h"
+#include "shell/World.h"
+#include "support/EveryOrder.h"
 #include "support/ModalDialogs.h"
 #include "support/QtWarnings.h"
-#include "support/StandIns.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMainWindow>
 #include <QtWidgets/QMenuBar>
 #include <QtWidgets/QProxyStyle>
 #include <QtWidgets/QStyleFactory>
-
-#include <algorithm>
-#include <numeric>
 
 namespace {
 
@@ -33,43 +27,25 @@ public:
     }
 };
 
-struct World
+[[nodiscard]] bool isPreviewOnScreen(const World &world)
 {
-    explicit World(const QByteArray &lyric)
-        : item(std::make_shared<standin::Item>(lyric)), window(std::make_unique<QMainWindow>())
-    {
-        container = TQWLRCEditorViewCtl::initWithPlayer(player);
-        container->setDelegate(host);
-        host->onPlay = [this](const std::shared_ptr<WXEAudioFile> &asked) {
-            player->music = asked;
-            player->playing = true;
-        };
-        window->resize(900, 620);
-        window->setCentralWidget(container->view());
-        window->show();
-        container->flushWithAudioItem(item);
-        container->trytoUpdatePlayerStatus();
-    }
+    return world.preview()->view()->parentWidget() != nullptr;
+}
 
-    [[nodiscard]] std::shared_ptr<TQLRCEditorViewCtl> editor() const { return container->editorViewCtl(); }
-    [[nodiscard]] std::shared_ptr<RBPreviewViewController> preview() const
-    {
-        return container->previewingCtl();
-    }
-    [[nodiscard]] bool isPreviewOnScreen() const { return preview()->view()->parentWidget() != nullptr; }
-    [[nodiscard]] QWidget *fade() const
-    {
-        return container->view()->findChild<QWidget *>(QStringLiteral("crossFade"));
-    }
-    void openPreview() const { QTest::mouseClick(editor()->btnPreview(), Qt::LeftButton); }
-    void closePreview() const { QTest::mouseClick(preview()->btnClose(), Qt::LeftButton); }
+[[nodiscard]] QWidget *fadeOf(const World &world)
+{
+    return world.container->view()->findChild<QWidget *>(QStringLiteral("crossFade"));
+}
 
-    std::shared_ptr<standin::Player> player = std::make_shared<standin::Player>();
-    std::shared_ptr<standin::Host> host = std::make_shared<standin::Host>();
-    std::shared_ptr<standin::Item> item;
-    std::shared_ptr<TQWLRCEditorViewCtl> container;
-    std::unique_ptr<QMainWindow> window;
-};
+void openPreview(const World &world)
+{
+    QTest::mouseClick(world.editor()->btnPreview(), Qt::LeftButton);
+}
+
+void closePreview(const World &world)
+{
+    QTest::mouseClick(world.preview()->btnClose(), Qt::LeftButton);
+}
 
 const QByteArray kLyric = "[00:01.00]one\n[00:02.00]two\n[00:03.00]three\n";
 
@@ -91,10 +67,10 @@ private Q_SLOTS:
             texts = support::textsOf(dialog);
             QTest::mouseClick(support::buttonTitled(dialog, QStringLiteral("OK")), Qt::LeftButton);
         });
-        world.openPreview();
+        openPreview(world);
         QVERIFY(texts.contains(QStringLiteral(
             "No tags have been entered yet. Please insert tags first and then preview the lyrics.")));
-        QVERIFY(!world.isPreviewOnScreen());
+        QVERIFY(!isPreviewOnScreen(world));
         QVERIFY(world.editor()->view()->isVisible());
     }
 
@@ -106,7 +82,7 @@ private Q_SLOTS:
         world.editor()->tableView()->setFocus();
         QTest::keyClick(world.editor()->tableView(), Qt::Key_Return);
         QTest::keyClick(world.editor()->tableView(), Qt::Key_P, Qt::ControlModifier);
-        QVERIFY(world.isPreviewOnScreen());
+        QVERIFY(isPreviewOnScreen(world));
         QCOMPARE(world.preview()->lrcText(), QByteArray("[00:04.50]first\nsecond\n"));
         QCOMPARE(world.item->lyric(), QByteArray("first\nsecond\n"));
         world.player->tick(4.5);
@@ -118,10 +94,10 @@ private Q_SLOTS:
         const World world(kLyric);
         world.player->playing = false;
         const auto asked = world.host->asked.size();
-        world.openPreview();
+        openPreview(world);
         QCOMPARE(world.host->asked.size(), asked + 1);
-        world.closePreview();
-        world.openPreview();
+        closePreview(world);
+        openPreview(world);
         QCOMPARE(world.host->asked.size(), asked + 1); // it plays already
     }
 
@@ -142,7 +118,7 @@ private Q_SLOTS:
                          .toUtf8();
         }
         const World world(lyric);
-        world.openPreview();
+        openPreview(world);
         std::vector<std::pair<int, QString>> seen;
         constexpr int kTick = 10;
         QString before;
@@ -175,14 +151,14 @@ private Q_SLOTS:
         const World world(kLyric);
         QVERIFY(QTest::qWaitForWindowActive(world.window.get()));
         world.editor()->tableView()->setFocus();
-        world.openPreview();
+        openPreview(world);
         QTRY_VERIFY(!QApplication::focusWidget()); // the lines, out of sight, have the keyboard no more
         if (byKey) {
             QTest::keyClick(world.window.get(), Qt::Key_Escape);
         } else {
-            world.closePreview();
+            closePreview(world);
         }
-        QTRY_VERIFY(!world.isPreviewOnScreen());
+        QTRY_VERIFY(!isPreviewOnScreen(world));
         QCOMPARE(QApplication::focusWidget(), world.editor()->tableView());
         world.player->tick(9.0);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
@@ -199,10 +175,10 @@ private Q_SLOTS:
         auto *const field = new QLineEdit;
         world.window->setMenuWidget(field);
         QVERIFY(QTest::qWaitForWindowActive(world.window.get()));
-        world.openPreview();
+        openPreview(world);
         QTRY_VERIFY(!QApplication::focusWidget());
         field->setFocus();
-        world.closePreview();
+        closePreview(world);
         QVERIFY(field->hasFocus());
     }
 
@@ -216,14 +192,14 @@ private Q_SLOTS:
         }
         QVERIFY(QTest::qWaitForWindowActive(world.window.get()));
         world.editor()->tableView()->setFocus();
-        world.openPreview();
+        openPreview(world);
         QTRY_VERIFY(!QApplication::focusWidget());
         QTest::keyClick(world.window.get(), Qt::Key_Delete);
         QTest::keyClick(world.window.get(), Qt::Key_D, Qt::ControlModifier);
         QTest::keyClick(world.window.get(), Qt::Key_Return);
         QCOMPARE(world.editor()->songText(), kLyric);
         QVERIFY(!world.container->action(EditorCommand::Untag)->isEnabled());
-        world.closePreview();
+        closePreview(world);
         QVERIFY(world.container->action(EditorCommand::Untag)->isEnabled());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
         QCOMPARE(world.editor()->songText(), QByteArray("one\n[00:02.00]two\n[00:03.00]three\n"));
@@ -232,14 +208,14 @@ private Q_SLOTS:
     void anOffsetIsSeenAtOnce()
     {
         const World world(kLyric);
-        world.openPreview();
+        openPreview(world);
         support::whenDialogOpens([](QWidget &dialog) {
             auto *const field = dialog.findChild<QLineEdit *>();
             field->setText(QStringLiteral("10"));
             QTest::mouseClick(support::buttonTitled(dialog, QStringLiteral("Apply")), Qt::LeftButton);
         });
         QTest::mouseClick(world.preview()->btnOffset(), Qt::LeftButton);
-        QVERIFY(world.isPreviewOnScreen());
+        QVERIFY(isPreviewOnScreen(world));
         world.player->tick(12.0);
         QCOMPARE(world.preview()->textView()->selectedText(), QStringLiteral("two"));
         QCOMPARE(world.editor()->songText(), QByteArray("[00:11.00]one\n[00:12.00]two\n[00:13.00]three\n"));
@@ -248,7 +224,7 @@ private Q_SLOTS:
     void aCancelledOffsetLeavesTheHighlight()
     {
         const World world(kLyric);
-        world.openPreview();
+        openPreview(world);
         world.player->tick(2.0);
         support::whenDialogOpens([](QWidget &dialog) {
             QTest::mouseClick(support::buttonTitled(dialog, QStringLiteral("Cancel")), Qt::LeftButton);
@@ -260,20 +236,20 @@ private Q_SLOTS:
     void theFadeEndsByItself()
     {
         const World world(kLyric);
-        world.openPreview();
-        QVERIFY(world.fade());
-        QTRY_VERIFY(!world.fade());
-        QVERIFY(world.isPreviewOnScreen());
+        openPreview(world);
+        QVERIFY(fadeOf(world));
+        QTRY_VERIFY(!fadeOf(world));
+        QVERIFY(isPreviewOnScreen(world));
     }
 
     void resizingEndsTheFadeAndKeepsTheView()
     {
         const World world(kLyric);
-        world.openPreview();
-        QVERIFY(world.fade());
+        openPreview(world);
+        QVERIFY(fadeOf(world));
         world.window->resize(480, 500);
         QTRY_COMPARE(world.window->width(), 480);
-        QVERIFY(!world.fade() || world.fade()->isHidden());
+        QVERIFY(!fadeOf(world) || fadeOf(world)->isHidden());
         const QWidget *const view = world.preview()->view();
         QCOMPARE(view->geometry(),
             QRect(0, 0, world.container->view()->width(), world.container->view()->height() - 80));
@@ -284,64 +260,71 @@ private Q_SLOTS:
     {
         const World world(kLyric);
         for (int times = 0; times < 3; ++times) {
-            world.openPreview();
-            QVERIFY(world.fade());
-            world.closePreview();
-            QVERIFY(!world.isPreviewOnScreen());
+            openPreview(world);
+            QVERIFY(fadeOf(world));
+            closePreview(world);
+            QVERIFY(!isPreviewOnScreen(world));
             QVERIFY(world.editor()->view()->isVisible());
         }
-        QTRY_VERIFY(!world.fade());
+        QTRY_VERIFY(!fadeOf(world));
     }
 
     void ticksInTheMiddleOfTheFadeAreFollowed()
     {
         const World world(kLyric);
-        world.openPreview();
-        QVERIFY(world.fade());
+        openPreview(world);
+        QVERIFY(fadeOf(world));
         world.player->tick(2.0);
         QCOMPARE(world.preview()->textView()->selectedText(), QStringLiteral("two"));
     }
 
     void everybodyMayGoInTheMiddleOfTheFade()
     {
-        std::vector<int> order(5);
-        std::iota(order.begin(), order.end(), 0);
-        do {
-            World world(kLyric);
-            const std::weak_ptr<TQWLRCEditorViewCtl> gone = world.container;
-            std::shared_ptr<RBPreviewViewController> preview = world.preview();
-            world.openPreview();
-            QVERIFY(world.fade());
-            for (const int who : order) {
-                switch (who) {
-                case 0:
-                    world.host->onPlay = {};
-                    world.host.reset();
-                    break;
-                case 1:
-                    world.player.reset();
-                    break;
-                case 2:
-                    preview.reset();
-                    break;
-                case 3:
-                    world.container.reset();
-                    break;
-                default:
-                    world.window.reset();
-                    break;
+        constexpr int kPreview = World::OfATest;
+        support::inEveryOrder(
+            {World::ItsHost, World::ItsPlayer, World::ItsContainer, World::ItsWindow, kPreview},
+            [](const std::vector<int> &order) {
+                World world(kLyric);
+                const std::weak_ptr<TQWLRCEditorViewCtl> gone = world.container;
+                std::shared_ptr<RBPreviewViewController> preview = world.preview();
+                openPreview(world);
+                QVERIFY(fadeOf(world));
+                for (const int who : order) {
+                    if (who == kPreview) {
+                        preview.reset();
+                    } else {
+                        world.letGo(who);
+                    }
+                    if (world.player) {
+                        world.player->tick(2.0);
+                    }
+                    if (preview) {
+                        preview->notifyPlayProgress(3.0);
+                        preview->closeClicked();
+                    }
+                    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                 }
-                if (world.player) {
-                    world.player->tick(2.0);
-                }
-                if (preview) {
-                    preview->notifyPlayProgress(3.0);
-                    preview->closeClicked();
-                }
-                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            }
-            QVERIFY(gone.expired());
-        } while (std::next_permutation(order.begin(), order.end()));
+                QVERIFY(gone.expired());
+            });
+    }
+
+    void aHugeLyricIsThereWithTheFade()
+    {
+        QByteArray lyric;
+        for (int line = 0; line < 100'000; ++line) {
+            lyric += "[00:01.00]line\n";
+        }
+        const World world(lyric);
+        openPreview(world);
+        // Before anything else has happened, and though it is only what can be seen.
+        QVERIFY(fadeOf(world));
+        const auto *const text = world.preview()->textView();
+        const auto rows = static_cast<std::size_t>(text->height() / text->fontMetrics().height());
+        QVERIFY(text->laidOutLines() >= rows / 3);
+        QVERIFY(text->laidOutLines() <= 4 * rows + 100);
+        world.player->tick(1.0);
+        QCOMPARE(text->selectedRange().location, 99'999 * 5);
+        QVERIFY(text->laidOutLines() <= 4 * rows + 100);
     }
 };
 
