@@ -2,14 +2,10 @@
 //
 // The preview follows the player.
 #include "kit/NotificationCenter.h"
-#include "preview/RBPreviewViewController.h"
+#include "preview/PreviewTest.h"
 #include "shell/contracts/TQLRCNotifications.h"
-#include "support/QtWarnings.h"
-#include "support/StandIns.h"
 
-#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollBar>
 
 #include <atomic>
@@ -43,9 +39,6 @@ void operator delete(void *memory, std::size_t) noexcept
 
 namespace {
 
-const QByteArray kSong
-    = "[ti:The Star]\n[00:01.00]one\n[00:02.00]two\nwords without a time\n[00:03.00]three\n";
-
 /// The events of one kind that a widget gets.
 class Events : public QObject
 {
@@ -67,13 +60,13 @@ private:
 
 } // namespace
 
-class tst_Following : public QObject
+class tst_Following : public PreviewTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void aLineIsCurrentFromItsTimeOn();
     void ofLinesOfOneTimeTheLaterIsCurrent();
@@ -93,53 +86,13 @@ private Q_SLOTS:
     void eachItemIsAnotherSongAndEachTextTheSame();
     void aRetimedTextIsTakenOnlyInAWindow();
     void aGonePreviewHearsNoNotification();
-    void theKeyboardGoesNowhere();
-    void theKeyboardStaysWhenThePreviewIsGoneAgain();
-    void theFocusIsWaitedForStrongly();
-    void spacePausesWhereNobodyHasTheKeyboard();
-    void spaceIsWhosHasTheKeyboard();
-    void spaceIsNotThePreviewsWhileItIsClosed();
     void offsetIsTheContainersCommand();
-    void escapeCloses();
     void aHugeLyricIsFollowedToItsEnd();
 
 private:
     void play(double seconds) { m_preview->notifyPlayProgress(seconds); }
     [[nodiscard]] QString current() const { return m_preview->textView()->selectedText(); }
-    void show(const QByteArray &text)
-    {
-        m_preview->view()->setParent(m_window.get());
-        m_preview->view()->setGeometry(0, 40, 900, 500);
-        m_preview->flushWithAudio_lrcText(m_item, text);
-        m_preview->view()->show();
-        m_window->resize(900, 540);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-    }
-
-    std::shared_ptr<standin::Container> m_container;
-    std::shared_ptr<standin::Item> m_item;
-    std::shared_ptr<RBPreviewViewController> m_preview;
-    std::unique_ptr<QWidget> m_window;
-    QLineEdit *m_edit = nullptr;
 };
-
-void tst_Following::init()
-{
-    support::failOnUnexpectedWarnings();
-    m_container = std::make_shared<standin::Container>();
-    m_item = std::make_shared<standin::Item>();
-    m_preview = RBPreviewViewController::init();
-    m_preview->setParentVC(m_container);
-    m_window = std::make_unique<QWidget>();
-    m_edit = new QLineEdit(m_window.get());
-}
-
-void tst_Following::cleanup()
-{
-    m_preview.reset();
-    m_window.reset();
-}
 
 void tst_Following::aLineIsCurrentFromItsTimeOn()
 {
@@ -382,99 +335,6 @@ void tst_Following::aGonePreviewHearsNoNotification()
     QVERIFY(m_window->findChild<RBMenuDisabledTextView *>() == nullptr);
 }
 
-void tst_Following::theKeyboardGoesNowhere()
-{
-    show(kSong);
-    m_edit->setFocus();
-    QVERIFY(m_edit->hasFocus()); // not at once
-    QTRY_VERIFY(QApplication::focusWidget() == nullptr);
-    QVERIFY(m_window->isActiveWindow());
-}
-
-void tst_Following::theKeyboardStaysWhenThePreviewIsGoneAgain()
-{
-    show(kSong);
-    m_preview->view()->hide();
-    m_preview->view()->setParent(nullptr);
-    m_edit->setFocus();
-    const std::weak_ptr<RBPreviewViewController> waiting = m_preview;
-    m_preview.reset();
-    QTRY_VERIFY(waiting.expired()); // it was asked, and did nothing
-    QVERIFY(m_edit->hasFocus());
-}
-
-void tst_Following::theFocusIsWaitedForStrongly()
-{
-    m_preview->flushWithAudio_lrcText(m_item, kSong);
-    const std::weak_ptr<RBPreviewViewController> waiting = m_preview;
-    m_preview.reset();
-    QVERIFY(!waiting.expired());
-    QTRY_VERIFY(waiting.expired());
-}
-
-void tst_Following::spacePausesWhereNobodyHasTheKeyboard()
-{
-    show(kSong);
-    QTRY_VERIFY(QApplication::focusWidget() == nullptr);
-    QTest::keyClick(m_window.get(), Qt::Key_Space);
-    QCOMPARE(m_container->told, QStringList("pressPlayPause"));
-    QTest::keyClick(m_window.get(), Qt::Key_Space, Qt::ControlModifier);
-    QKeyEvent held(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ", true);
-    QCoreApplication::sendEvent(m_window.get(), &held);
-    QCOMPARE(m_container->told.size(), 1);
-    // Also from what has the keyboard and does nothing with the key.
-    auto *const idle = new QWidget(m_window.get());
-    idle->setFocusPolicy(Qt::StrongFocus);
-    idle->show();
-    idle->setFocus();
-    QTest::keyClick(idle, Qt::Key_Space);
-    QCOMPARE(m_container->told.size(), 2);
-}
-
-void tst_Following::spaceIsWhosHasTheKeyboard()
-{
-    show(kSong);
-    QTRY_VERIFY(QApplication::focusWidget() == nullptr);
-    m_edit->setFocus();
-    QTest::keyClick(m_edit, Qt::Key_Space);
-    QCOMPARE(m_edit->text(), QString(" "));
-    const bool tags = m_preview->tagSwitch()->isChecked();
-    m_preview->tagSwitch()->setFocus();
-    QTest::keyClick(m_preview->tagSwitch(), Qt::Key_Space);
-    QCOMPARE(m_preview->tagSwitch()->isChecked(), !tags);
-    QCOMPARE(m_container->told, QStringList());
-    // A click does not take it there.
-    QApplication::focusWidget()->clearFocus();
-    QTest::mouseClick(m_preview->tagSwitch(), Qt::LeftButton);
-    QVERIFY(QApplication::focusWidget() == nullptr);
-}
-
-void tst_Following::spaceIsNotThePreviewsWhileItIsClosed()
-{
-    show(kSong);
-    m_preview->view()->hide();
-    QTest::keyClick(m_window.get(), Qt::Key_Space);
-    QCOMPARE(m_container->told, QStringList());
-    m_preview->view()->show();
-    QTest::keyClick(m_window.get(), Qt::Key_Space);
-    QCOMPARE(m_container->told, QStringList("pressPlayPause"));
-    // In another window it is that one's.
-    QWidget other;
-    m_preview->view()->setParent(&other);
-    m_preview->view()->show();
-    other.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&other));
-    QTest::keyClick(m_window.get(), Qt::Key_Space);
-    QCOMPARE(m_container->told.size(), 1);
-    QTest::keyClick(&other, Qt::Key_Space);
-    QCOMPARE(m_container->told.size(), 2);
-    const std::weak_ptr<RBPreviewViewController> gone = m_preview;
-    m_preview.reset();
-    QTRY_VERIFY(gone.expired());
-    QTest::keyClick(&other, Qt::Key_Space);
-    QCOMPARE(m_container->told.size(), 2);
-}
-
 void tst_Following::offsetIsTheContainersCommand()
 {
     show(kSong);
@@ -484,14 +344,6 @@ void tst_Following::offsetIsTheContainersCommand()
     m_container.reset();
     m_preview->offsetClick();
     QVERIFY(m_preview->parentVC() == nullptr);
-}
-
-void tst_Following::escapeCloses()
-{
-    show(kSong);
-    QTest::keyClick(m_window.get(), Qt::Key_Escape);
-    QTRY_COMPARE(m_container->told, QStringList("backFromPreview"));
-    QVERIFY(m_preview->btnClose()->toolTip().contains("Esc"));
 }
 
 void tst_Following::aHugeLyricIsFollowedToItsEnd()
