@@ -4,6 +4,7 @@
 // (memchr), a copy of the same bytes into a new string, a pass over
 // all times. Figures of one machine mean little; the ratios hold on most.
 
+#include "Table.h"
 #include "lyrics/Corpus.h"
 #include "lyrics/RBEditSong.h"
 #include "lyrics/RBPreviewSong.h"
@@ -120,14 +121,6 @@ double shortest(std::size_t bytes, auto work)
         bytes, [] { return 0; }, [&work](int) { work(); });
 }
 
-void print(
-    const char *what, std::size_t lines, double ours, const char *yardstick, double theirs, double target)
-{
-    const double ratio = ours / theirs;
-    std::printf("%-34s %9zu %13.0f  %-22s %13.0f %7.2f %7.2f  %s\n", what, lines, ours, yardstick, theirs,
-        ratio, target, ratio <= target ? "" : "over");
-}
-
 RBEditSong built(const std::string &text)
 {
     RBEditSong song;
@@ -158,47 +151,47 @@ void printRatios(std::size_t lines, corpus::Times times)
         fresh.buildWithLrcText(text);
         benchmark::DoNotOptimize(fresh.aryLines().data());
     });
-    print("text to document", lines, read, "scan for line ends", scan, isSmall ? 6 : 4.5);
+    table::row("text to document", lines, read, "scan for line ends", scan, isSmall ? 6 : 4.5);
 
     const auto untouched = [&] { return built(text); };
     const auto write = [](RBEditSong &s) { s.updateSongText(); };
-    print("document to text, untouched", lines, shortest(bytes, untouched, write), "copy of the text", copy,
-        1.5);
+    table::row("document to text, untouched", lines, shortest(bytes, untouched, write), "copy of the text",
+        copy, 1.5);
     const auto oneEdited = [&] {
         RBEditSong s = built(text);
         s.aryLines()[s.aryLines().size() / 2].appendTime(5);
         return s;
     };
-    print("document to text, one line edited", lines, shortest(bytes, oneEdited, write), "copy of the text",
-        copy, 3);
+    table::row("document to text, one line edited", lines, shortest(bytes, oneEdited, write),
+        "copy of the text", copy, 3);
     const auto allEdited = [&] {
         RBEditSong s = built(text);
         for (RBSongLine &line : s.aryLines())
             line.shiftAllTime(1'230);
         return s;
     };
-    print("document to text, all shifted", lines, shortest(bytes, allEdited, write), "copy of the text", copy,
-        6);
+    table::row("document to text, all shifted", lines, shortest(bytes, allEdited, write), "copy of the text",
+        copy, 6);
 
     const RBEditSong equal = built(text);
-    print("equality of equal documents", lines,
+    table::row("equality of equal documents", lines,
         shortest(bytes, [&] { benchmark::DoNotOptimize(song == equal); }), "copy of the text", copy, 4);
     RBEditSong longer = built(text + "x");
-    print("equality, different sizes", lines,
+    table::row("equality, different sizes", lines,
         shortest(bytes, [&] { benchmark::DoNotOptimize(song == longer); }), "copy of 66 lines", songCopy, 1);
 
     RBEditSong shifted = built(text);
     for (RBSongLine &line : shifted.aryLines())
         line.shiftAllTime(10);
     const double pass = shortest(bytes, [&] { benchmark::DoNotOptimize(passOverTimes(shifted)); });
-    print("shift all", lines,
+    table::row("shift all", lines,
         shortest(bytes,
             [&] {
                 for (RBSongLine &line : shifted.aryLines())
                     line.shiftAllTime(10);
             }),
         "pass over the times", pass, 3.5);
-    print("copy of a document", lines,
+    table::row("copy of a document", lines,
         shortest(bytes,
             [&] {
                 RBEditSong other = song;
@@ -208,7 +201,7 @@ void printRatios(std::size_t lines, corpus::Times times)
 
     RBEditSong stamped = built(text);
     RBSongLine &middle = stamped.aryLines()[lines / 2];
-    print("stamp, columns counted", lines,
+    table::row("stamp, columns counted", lines,
         shortest(bytes,
             [&] {
                 middle.appendTime(5);
@@ -226,10 +219,10 @@ void printMemory(std::size_t lines, corpus::Times times)
     const RBEditSong song = built(text);
     const auto size = static_cast<double>(text.size());
     // The document's own copy of the bytes is the text itself.
-    print(
+    table::row(
         "memory beyond the text", lines, static_cast<double>(g_heapNow - before) - size, "the text", size, 2);
-    print("memory at the peak of reading", lines, static_cast<double>(g_heapPeak - before), "the text", size,
-        2.5);
+    table::row("memory at the peak of reading", lines, static_cast<double>(g_heapPeak - before), "the text",
+        size, 2.5);
 }
 
 void readDocument(benchmark::State &state)
@@ -278,8 +271,7 @@ int main(int argc, char **argv)
     mallopt(M_MMAP_THRESHOLD, 1 << 30);
     mallopt(M_TRIM_THRESHOLD, 1 << 30);
 #endif
-    std::printf("%-34s %9s %13s  %-22s %13s %7s %7s\n", "what (ns or bytes)", "lines", "ours", "yardstick",
-        "theirs", "ratio", "target");
+    table::head("the model (ns or bytes)");
     constexpr std::array<std::size_t, 5> kSizes = {66, 1'000, 10'000, 107'532, 1'000'000};
     for (const std::size_t lines : kSizes) {
         printRatios(lines, corpus::Times::Usual);
