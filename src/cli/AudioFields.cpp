@@ -41,6 +41,17 @@ void show(const std::vector<tags::FieldSet::Change> &changes, Report &report)
     }
 }
 
+/// More than one field is more than the user may think of.
+std::string summaryOf(const std::vector<tags::FieldSet::Change> &changes)
+{
+    std::string out;
+    for (const tags::FieldSet::Change &change : changes) {
+        out += (out.empty() ? "" : "; ") + shown(tags::labelOf(change.field));
+        out += change.isNew ? " added" : change.after.empty() ? " taken out" : " written";
+    }
+    return out + '.';
+}
+
 } // namespace
 
 std::optional<AudioFields> readAudioFields(Report &report)
@@ -81,26 +92,29 @@ std::optional<std::vector<tags::LyricPlace>> placesNamedBy(
 void editFields(const AudioFields &file, const std::vector<tags::FieldEdit> &edits, Report &report)
 {
     const bool isJson = report.invocation().has(Option::Json);
+    const bool isDry = report.invocation().has(Option::DryRun);
     const auto changes = file.fields.changes(edits);
-    if (report.invocation().has(Option::DryRun)) {
-        if (isJson)
-            return writeJson(changes, false, report);
-        if (changes.empty())
-            report.remark("nothing would change.");
-        return show(changes, report);
-    }
-    const auto saved = tags::saveFields(report.input().path, edits, file.audio.state);
+    const std::string &path = report.input().path;
+    const auto saved = isDry ? tags::tryFields(path, edits, file.audio.state)
+                             : tags::saveFields(path, edits, file.audio.state);
     if (!saved.ok())
         return report.refuse(saved.failure().message);
     if (!saved.value().remark.empty())
         report.remark(saved.value().remark);
     if (isJson)
-        writeJson(changes, saved.value().written, report);
+        return writeJson(changes, !isDry && saved.value().written, report);
+    if (isDry && changes.empty())
+        report.remark("nothing would change.");
+    else if (isDry)
+        show(changes, report);
+    else if (changes.size() > 1)
+        report.remark(summaryOf(changes));
 }
 
 std::string lyricPathBeside(const std::string &audioPath)
 {
-    return audioPath.substr(0, audioPath.size() - endingOf(audioPath).size() - 1) + ".lrc";
+    const std::string ending = endingOf(audioPath);
+    return (ending.empty() ? audioPath : audioPath.substr(0, audioPath.size() - ending.size() - 1)) + ".lrc";
 }
 
 } // namespace cli

@@ -46,6 +46,7 @@ void DeskSaving::begin(const std::shared_ptr<media::TaggedAudioFile> &song)
         return;
     }
     m_song = song;
+    m_lastSucceeded = false;
     m_showSoon.start();
     const QPointer<DeskSaving> self(this);
     // The song is held by its own save: the user hears of its end also when another song is open by then.

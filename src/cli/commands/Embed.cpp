@@ -2,6 +2,7 @@
 #include "cli/AudioFields.h"
 #include "cli/Commands.h"
 #include "cli/Run.h"
+#include "cli/Utf8.h"
 #include "media/tags/LyricEdits.h"
 
 #include <unistd.h>
@@ -11,7 +12,8 @@ namespace {
 
 constexpr std::string_view kDescription
     = R"(Puts a lyric into the tags of an audio file, byte for byte: into the field that
-holds its lyric now, or the usual one of its format; --field chooses others. No
+holds its lyric now and its copies, or the usual one of its format; --field chooses
+others. No
 other field and no byte of the sound changes; the new file is made beside the old
 one, read back and compared, and only then takes its place. An empty lyric, which
 takes the field away, is refused without --force: it is what a pipeline leaves whose
@@ -43,7 +45,7 @@ constexpr Option kOptions[]
     = {Option::Field, Option::Beside, Option::DryRun, Option::Force, Option::Json, Option::Encoding,
         Option::GuessEncoding, Option::FilesFrom, Option::Null, Option::Jobs, Option::Quiet, Option::Color};
 
-std::vector<tags::FieldEdit> editsFor(
+tags::Outcome<std::vector<tags::FieldEdit>> editsFor(
     const AudioFields &file, const std::vector<tags::LyricPlace> &places, const std::string &lyric)
 {
     if (places.empty())
@@ -63,13 +65,26 @@ void embed(const Input &source, Report &report)
         return report.refuse(source.label(), lyric.refusal);
     if (!lyric.remark.empty())
         report.remark(source.label(), lyric.remark);
+    if (!invocation.has(Option::Force)
+        && (!isUtf8(lyric.text) || lyric.text.find('\0') != std::string::npos)) {
+        return report.refuse(source.label(),
+            "this is no lyric in UTF-8; --guess-encoding or --encoding reads other encodings, --force takes "
+            "the "
+            "bytes as they are.");
+    }
     if (lyric.text.empty() && !invocation.has(Option::Force))
         return report.refuse(source.label(), "the lyric is empty; --force takes the song's lyric out.");
     const auto file = readAudioFields(report);
     if (!file)
         return;
-    if (const auto places = placesNamedBy(Option::Field, file->fields, report))
-        editFields(*file, editsFor(*file, *places, lyric.text), report);
+    const auto places = placesNamedBy(Option::Field, file->fields, report);
+    if (!places)
+        return;
+    const auto edits = editsFor(*file, *places, lyric.text);
+    if (edits.ok())
+        editFields(*file, edits.value(), report);
+    else
+        report.refuse(edits.failure().message);
 }
 
 Verdict embedOne(const Invocation &invocation)

@@ -4,6 +4,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QThreadPool>
 
+#include <exception>
 #include <string_view>
 #include <utility>
 
@@ -50,12 +51,23 @@ void SaveTask::run()
         }
         return !m_cancelled;
     };
-    const std::string_view lyric(m_lyric.constData(), std::size_t(m_lyric.size()));
-    m_promise.set_value(tags::saveLyric(m_path, lyric, m_expected, progress));
+    m_promise.set_value(outcome(progress));
     post([](SaveTask &task) {
         task.m_progressed = {};
         std::exchange(task.m_finished, {})(task.wait());
     });
+}
+
+tags::Outcome<tags::Saved> SaveTask::outcome(const tags::SaveProgress &progress) const
+{
+    const std::string_view lyric(m_lyric.constData(), std::size_t(m_lyric.size()));
+    try {
+        return tags::saveLyric(m_path, lyric, m_expected, progress);
+    } catch (const std::exception &error) {
+        // Memory that is not there ends the save, not the program with what else is typed in it.
+        return tags::Failure{tags::Reason::SystemError,
+            "The lyric could not be saved, and the file is as it was. (" + std::string(error.what()) + ")"};
+    }
 }
 
 void SaveTask::post(std::function<void(SaveTask &)> call)

@@ -42,6 +42,7 @@ public:
 
 private:
     void run(); ///< on the thread
+    [[nodiscard]] tags::Outcome<tags::Saved> outcome(const tags::SaveProgress &progress) const;
     void post(std::function<void(SaveTask &)> call);
 
     const std::string m_path;

@@ -90,6 +90,9 @@ public:
     [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
 
 private:
+    /// Whether there is no tag at the start of the file.
+    [[nodiscard]] bool isOnlyTag() const { return m_inner->audio().front().offset == 0; }
+
     std::shared_ptr<const Container> m_inner;
     std::size_t m_innerFields;
     ApeSection m_ape;
@@ -127,8 +130,9 @@ std::vector<Range> WithApeTag::audio() const
 
 std::vector<std::string> WithApeTag::newFieldNames() const
 {
-    std::vector<std::string> names = m_inner->newFieldNames();
-    append(names, newApeNames());
+    // A new tag at the start would keep other programs from looking for the one that is there.
+    std::vector<std::string> names = isOnlyTag() ? newApeNames() : m_inner->newFieldNames();
+    append(names, isOnlyTag() ? m_inner->newFieldNames() : newApeNames());
     return names;
 }
 
@@ -137,8 +141,9 @@ Outcome<Edit> WithApeTag::withLyric(const LyricPlace &place, std::string_view te
     if (place.field && *place.field >= m_innerFields)
         return m_ape.withLyric({*place.field - m_innerFields, {}}, text);
     const std::vector<std::string> apeNames = newApeNames();
-    const bool isNewApe
-        = !place.field && std::find(apeNames.begin(), apeNames.end(), place.newName) != apeNames.end();
+    const bool isUsual = place.newName.empty() && isOnlyTag();
+    const bool isNewApe = !place.field
+        && (isUsual || std::find(apeNames.begin(), apeNames.end(), place.newName) != apeNames.end());
     return isNewApe ? m_ape.withLyric(place, text) : m_inner->withLyric(place, text);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/ApeTag.h"
 #include "media/tags/ByteSource.h"
+#include "media/tags/TextCodec.h"
 
 #include <algorithm>
 #include <array>
@@ -68,12 +69,10 @@ std::optional<Failure> refusal(
     }
     if (((footerFlags(tag) | (item ? item->flags() : 0)) & kReadOnly) != 0)
         return Failure{Reason::ReadOnly, "The file's APE tag says that it is not to be changed."};
-    const bool hadValues = field && field->text.find('\0') != std::string::npos;
-    if (!hadValues && text.find('\0') != std::string_view::npos) {
-        return Failure{Reason::NotText,
-            "The lyric holds NUL characters, at which an APE tag would tear it apart. Correct the lines that "
-            "show a replacement mark, then save again."};
-    }
+    // What is there already may be kept in other shapes: several values, older encodings.
+    const bool isAsBefore = field && !isTagText(field->text);
+    if (!isAsBefore && !isTagText(text))
+        return notTagText("an APE tag");
     return std::nullopt;
 }
 

@@ -107,11 +107,8 @@ void remove(AsfHeader &header, AsfObject &object, std::size_t attribute)
 
 std::optional<Failure> refusal(const AsfHeader &header, std::string_view text)
 {
-    if (!isUtf8(text) || text.find('\0') != std::string_view::npos) {
-        return Failure{Reason::NotText,
-            "The lyric holds bytes that are not text, which a WMA file cannot store. Correct the lines that "
-            "show a replacement mark, then save again."};
-    }
+    if (!isTagText(text))
+        return notTagText("a WMA file");
     const bool isSigned = std::any_of(header.objects.begin(), header.objects.end(),
         [](const AsfObject &object) { return object.kind == AsfKind::Signature; });
     if (isSigned) {

@@ -23,6 +23,8 @@ public:
         return m_source.read(m_offset + offset, std::size_t(std::min<std::uint64_t>(count, m_size - offset)));
     }
 
+    [[nodiscard]] bool hasFailed() const override { return m_source.hasFailed(); }
+
 private:
     const ByteSource &m_source;
     std::uint64_t m_offset;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/FieldSet.h"
 
+#include "media/tags/LrcTime.h"
 #include "media/tags/LyricEdits.h"
 #include "media/tags/SyncedLyrics.h"
 
@@ -11,6 +12,8 @@
 namespace tags {
 
 namespace {
+
+using namespace std::string_literals;
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
@@ -28,13 +31,22 @@ std::string_view trimmed(std::string_view text)
     return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
 }
 
-bool saysTheSame(const FieldSet::Entry &entry, std::string_view lyric)
+bool isUnsaid(const std::string &language)
 {
-    if (entry.field.text == lyric)
-        return true;
-    if (entry.hasTimes)
-        return holdableText(entry.field.text) == holdableText(lyric);
-    return sungWords(entry.field.text) == sungWords(lyric);
+    const std::string code = upper(language);
+    return code.empty() || code == "XXX" || code == "UND"
+        || code.find_first_not_of(" \0"s) == std::string::npos;
+}
+
+/// Whether two fields are meant to say the same: a translation is not.
+bool areOfOneKind(const LyricField &a, const LyricField &b)
+{
+    const bool sameLanguage
+        = isUnsaid(a.language) || isUnsaid(b.language) || upper(a.language) == upper(b.language);
+    // The description of some is their name.
+    const bool sameDescription = a.name.ends_with(':' + a.description)
+        || b.name.ends_with(':' + b.description) || a.description == b.description;
+    return sameLanguage && sameDescription;
 }
 
 std::string joined(const std::vector<std::string> &lines)
@@ -45,12 +57,69 @@ std::string joined(const std::vector<std::string> &lines)
     return out;
 }
 
+/// The lines of `text` that are not blank.
+std::vector<std::string> trimmedLines(std::string_view text)
+{
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = std::min(text.find_first_of("\r\n", at), text.size());
+        const std::string_view line = trimmed(text.substr(at, end - at));
+        if (!line.empty())
+            lines.emplace_back(line);
+        at = end + 1;
+    }
+    return lines;
+}
+
+/// Whether the line is an ID tag alone: `[ti:x]`.
+bool isIdTag(std::string_view line)
+{
+    const bool isBracketed
+        = line.starts_with('[') && line.ends_with(']') && line.find(':') != std::string::npos;
+    return isBracketed && !holdsTimeTags(line) && line.find_first_of(" \t:") == line.find(':');
+}
+
+/// The line without the times before it, whatever their shape, and without stamps of its words.
+std::string withoutTimes(std::string_view line)
+{
+    while (holdsTimeTags(line) && line.find(']') != std::string_view::npos)
+        line = trimmed(line.substr(line.find(']') + 1));
+    std::string out;
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        const auto stamp = line[at] == '<' ? lrcTimeAt(line, at, '>') : std::nullopt;
+        if (stamp)
+            at = stamp->end - 1;
+        else
+            out += line[at];
+    }
+    return out;
+}
+
+/// Whether every line with words has a time that can be read, so that the order in which they are sung is
+/// known.
+bool isTimedThroughout(std::string_view lyric)
+{
+    const std::vector<std::string> lines = trimmedLines(lyric);
+    return std::all_of(lines.begin(), lines.end(),
+        [](const std::string &line) { return isIdTag(line) || lrcTimeAt(line, 0, ']').has_value(); });
+}
+
 /// The number that `name` is, from 1; 0 when it is none.
 std::size_t numberOf(std::string_view name)
 {
     std::size_t number = 0;
     const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
     return error == std::errc() && end == name.data() + name.size() ? number : 0;
+}
+
+bool saysTheSame(const FieldSet::Entry &entry, std::string_view lyric)
+{
+    if (entry.field.text == lyric)
+        return true;
+    // Times in shapes that are not read here cannot be compared; the words can.
+    if (entry.hasTimes && isTimedThroughout(entry.field.text) && isTimedThroughout(lyric))
+        return holdableText(entry.field.text) == holdableText(lyric);
+    return sungWords(entry.field.text) == sungWords(lyric);
 }
 
 } // namespace
@@ -68,21 +137,20 @@ std::string labelOf(const LyricField &field)
 
 std::vector<std::string> sungWords(std::string_view lyric)
 {
-    std::string text(lyric);
-    if (holdsTimeTags(lyric)) {
-        text.clear();
+    // Where a line has no time, or one in a shape that is not read here, only the order of the text is known.
+    if (holdsTimeTags(lyric) && isTimedThroughout(lyric)) {
+        std::string timed;
         for (const SyncedEntry &entry : entriesFromLrc(lyric, LineBreaks::Leading))
-            text += entry.text;
+            timed += entry.text;
+        return trimmedLines(timed);
     }
-    std::vector<std::string> lines;
-    for (std::size_t at = 0; at < text.size();) {
-        const std::size_t end = std::min(text.find_first_of("\r\n", at), text.size());
-        const std::string_view line = trimmed(std::string_view(text).substr(at, end - at));
-        if (!line.empty())
-            lines.emplace_back(line);
-        at = end + 1;
+    std::vector<std::string> words;
+    for (const std::string &line : trimmedLines(lyric)) {
+        if (!isIdTag(line))
+            words.push_back(withoutTimes(line));
     }
-    return lines;
+    std::erase(words, "");
+    return words;
 }
 
 FieldSet::FieldSet(std::vector<LyricField> fields, std::vector<std::string> newNames)
@@ -96,8 +164,11 @@ FieldSet::FieldSet(std::vector<LyricField> fields, std::vector<std::string> newN
         entry.field = std::move(field);
         m_entries.push_back(std::move(entry));
     }
-    for (Entry &entry : m_entries)
-        entry.isStale = !saysTheSame(entry, lyric());
+    if (!counts)
+        return;
+    for (Entry &entry : m_entries) {
+        entry.isStale = areOfOneKind(entry.field, m_entries[*counts].field) && !saysTheSame(entry, lyric());
+    }
 }
 
 std::string_view FieldSet::lyric() const
@@ -157,9 +228,11 @@ std::vector<FieldEdit> FieldSet::madeEqual() const
     const std::string words = joined(sungWords(lyric()));
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
         const Entry &entry = m_entries[i];
-        if (!entry.isStale)
+        if (!entry.isStale || entry.field.isFixed)
             continue;
         const std::string_view text = !entry.hasTimes ? words : lyric();
+        if (heldText({entry.field}, {0, {}}, text).empty())
+            continue; // nothing to say in its place is no reason to take it out
         edits.push_back({{i, {}}, std::string(text)});
     }
     return edits;

@@ -22,8 +22,9 @@ public:
         LyricField field;
         bool hasTimes = false; ///< `synchronised`, or text with time tags
         bool isLyric = false; ///< the one that counts; see lyricFieldIndex()
-        /// Whether it says something else than the lyric: another word or another time where it has times,
-        /// another word where it has none. Spelling, ID tags and blank lines make no difference.
+        /// Whether it says something else than the lyric, although it is in no other language and of no other
+        /// description: another word or another time where it has times, another word where it has none.
+        /// Spelling, ID tags and blank lines make no difference.
         bool isStale = false;
     };
 

@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::uint64_t kMaxInflated = 16ULL << 20;
 constexpr std::size_t kMaxNested = 64;
-constexpr std::size_t kMaxFrames = 200000;
 constexpr std::size_t kSmallestEntry = 5; ///< a terminator and a time
 
 /// Bytes that `deflated` inflates to, counted up to a little above `limit`.
@@ -87,8 +86,6 @@ Failure hostile(const char *what)
 
 std::optional<Failure> hostileTag(const Id3v2Tag &tag)
 {
-    if (tag.frames.size() > kMaxFrames)
-        return hostile("has hundreds of thousands of entries");
     if (hasTooManyEntries(tag))
         return hostile("holds hundreds of thousands of times");
     std::uint64_t inflated = 0;

@@ -86,6 +86,7 @@ std::optional<LyricField> readSylt(std::string_view body, const std::optional<Fr
     field.description = std::move(frame->description);
     field.text = lrcFromEntries(frame->entries);
     field.synchronised = true;
+    field.isFixed = frame->unit == SyncedFrame::Unit::MpegFrames;
     return field;
 }
 
@@ -172,11 +173,8 @@ Outcome<Id3v2Frame> changedFrame(const Id3v2Tag &tag, const Id3v2Lyric &lyric, s
 
 std::optional<Failure> unstorable(const Id3v2Tag &tag, std::string_view text)
 {
-    if (!isUtf8(text) || text.find('\0') != std::string_view::npos) {
-        return Failure{Reason::NotText,
-            "The lyric holds bytes that are not text, which an ID3 tag cannot store. Correct the lines that "
-            "show a replacement mark, then save again."};
-    }
+    if (!isTagText(text))
+        return notTagText("an ID3 tag");
     // In 2.2 sizes have 24 bits, in 2.4 28; room for description and UTF-16 included.
     if (text.size() > (tag.version == 2 ? (7U << 20) : (100U << 20)))
         return Failure{Reason::TooLarge, "The lyric is too long for this kind of file."};

@@ -9,6 +9,8 @@ namespace tags {
 
 namespace {
 
+constexpr std::size_t kMaxFrames = 200000;
+constexpr int kMaxLeadingTags = 64;
 constexpr std::size_t kHeaderBytes = 10;
 constexpr unsigned kUnsynchronised = 0x80;
 constexpr unsigned kExtendedHeader = 0x40;
@@ -99,7 +101,8 @@ void parseFrames(Id3v2Tag &tag, std::string_view body)
     const std::size_t header = frameHeaderBytes(tag.version);
     const std::size_t idBytes = tag.version == 2 ? 3 : 4;
     std::size_t at = 0;
-    while (body.size() - at > header && isFrameId(body.substr(at, idBytes))) {
+    while (
+        body.size() - at > header && isFrameId(body.substr(at, idBytes)) && tag.frames.size() <= kMaxFrames) {
         const std::uint64_t size = frameSize(tag.version, body, at);
         if (size > body.size() - at - header)
             break;
@@ -139,8 +142,13 @@ std::uint64_t id3v2Size(const ByteSource &source, std::uint64_t offset)
 std::uint64_t leadingId3v2Size(const ByteSource &source)
 {
     std::uint64_t end = 0;
-    while (const std::uint64_t size = id3v2Size(source, end))
+    // More than a few are made to be read one by one.
+    for (int tags = 0; tags < kMaxLeadingTags; ++tags) {
+        const std::uint64_t size = id3v2Size(source, end);
+        if (size == 0)
+            break;
         end += size;
+    }
     return end;
 }
 
@@ -162,12 +170,16 @@ Outcome<Id3v2Tag> Id3v2Tag::parse(const ByteSource &source)
     if (tag.version == 2
         && (tag.flags & kExtendedHeader)) // there, the bit means a compression nobody defined
         return Failure{Reason::Unsupported, "The file's ID3 tag is compressed in a way that cannot be read."};
-    std::string body = source.read(kHeaderBytes, std::size_t(*syncSafe(header, 6)));
+    std::string body = source.read(kHeaderBytes, std::size_t(syncSafe(header, 6).value_or(0)));
     if ((tag.flags & kUnsynchronised) && tag.version < 4)
         body = synchronised(body);
     if (tag.flags & kExtendedHeader)
         body.erase(0, extendedHeaderBytes(tag.version, body));
     parseFrames(tag, body);
+    if (tag.frames.size() > kMaxFrames) {
+        return Failure{Reason::Hostile,
+            "The tag of the file has hundreds of thousands of entries, which cannot be read safely."};
+    }
     return tag;
 }
 

@@ -3,23 +3,22 @@
 
 #include "media/tags/FieldEdits.h"
 #include "media/tags/LyricFields.h"
+#include "media/tags/Outcome.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tags {
 
+/// The fields after `edits`, a new one first: where it stands in the file, the format decides.
+[[nodiscard]] std::vector<LyricField> fieldsAfter(
+    std::vector<LyricField> fields, const std::vector<FieldEdit> &edits);
+
 /// The text that the field at `place` has once `text` was written to it: of a synchronised one, what it can
 /// hold of it.
 [[nodiscard]] std::string heldText(
     const std::vector<LyricField> &fields, const LyricPlace &place, std::string_view text);
-
-/// The field that would be read as the lyric once `edits` made `lyric` it, although it is another: an untimed
-/// lyric does not count where some field holds times. Null when there is none.
-[[nodiscard]] std::optional<LyricField> rivalOf(
-    std::string_view lyric, const std::vector<LyricField> &fields, const std::vector<FieldEdit> &edits);
 
 /// What has to become of the `fields` of a file when its lyric becomes `lyric`:
 ///
@@ -28,10 +27,14 @@ namespace tags {
 ///   holdableText(). Where there is no lyric, the format's usual field is added.
 /// - A synchronised field gets what it can hold of the text. When the lyric's field is one and that is not
 ///   all, the whole text goes into a new field of the usual kind too, so that nothing is lost.
+/// - A fixed field stays as it is; when it is the lyric, the text goes into a new field of the usual kind.
+///
+/// Refused when another field would be read as the lyric then: an untimed lyric does not count where some
+/// field holds times, nor behind another that holds words. An empty one leaves the others to be read.
 ///
 /// Only edits that change something, those of fields that are there from the last to the first, then the new
-/// one: made one after the other, none moves the place of another.
-[[nodiscard]] std::vector<FieldEdit> lyricEdits(
+/// one.
+[[nodiscard]] Outcome<std::vector<FieldEdit>> lyricEdits(
     const std::vector<LyricField> &fields, std::string_view lyric);
 
 } // namespace tags

@@ -20,6 +20,9 @@ struct LyricField
     /// Whether the field holds times of its own (`SYLT`) and `text` is LRC made of them: such a field can
     /// hold timed lines and nothing else.
     bool synchronised = false;
+    /// Whether the field is read alone: its times count frames of the sound, which say few of the times that
+    /// a lyric may have.
+    bool isFixed = false;
 
     friend bool operator==(const LyricField &, const LyricField &) = default;
 };

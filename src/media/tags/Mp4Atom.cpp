@@ -79,7 +79,7 @@ private:
     {
         const std::string bytes = m_source.read(at, 16);
         Mp4Atom atom;
-        atom.name = bytes.substr(4, 4);
+        atom.name = bytes.size() < 8 ? std::string(4, '\0') : bytes.substr(4, 4);
         atom.offset = at;
         atom.size = bigEndian(bytes, 0, 4);
         atom.toTheEnd = atom.size == 0;

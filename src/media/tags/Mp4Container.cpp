@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/ByteSource.h"
 #include "media/tags/Container.h"
+#include "media/tags/Hash.h"
 #include "media/tags/Mp4Atom.h"
 #include "media/tags/Mp4ChunkTables.h"
 #include "media/tags/TextCodec.h"
@@ -14,6 +15,7 @@ namespace {
 
 const std::string kLyricAtom = "\xA9lyr";
 const std::string kLyricName = "\u00A9lyr"; ///< the same in UTF-8, for people
+constexpr std::uint64_t kMaxComparedBytes = 1U << 20;
 constexpr std::uint64_t kMaxListBytes = 64ULL << 20;
 
 enum DataType : unsigned { Utf8 = 1, Utf16 = 2 };
@@ -39,6 +41,7 @@ public:
 
 private:
     [[nodiscard]] Patch lyricPatch(std::optional<std::size_t> field, std::string_view text) const;
+    [[nodiscard]] std::string contentOf(const Mp4Atom &atom) const;
     void addOthers(const Mp4Atom &parent, std::string_view path, std::vector<std::string> &out) const;
 
     const ByteSource &m_source;
@@ -53,10 +56,11 @@ std::string tagHandler()
     return renderAtom("hdlr", std::string(8, '\0') + "mdirappl" + std::string(9, '\0'));
 }
 
-std::string renderLyric(std::string_view text, std::string_view locale)
+/// `more`: what stands behind the value, as it is.
+std::string renderLyric(std::string_view text, std::string_view locale, const std::string &more = {})
 {
-    return renderAtom(
-        kLyricAtom, renderAtom("data", toBigEndian(Utf8, 4) + std::string(locale) + std::string(text)));
+    const std::string value = toBigEndian(Utf8, 4) + std::string(locale) + std::string(text);
+    return renderAtom(kLyricAtom, renderAtom("data", value) + more);
 }
 
 Place findPlace(const Mp4Atom &file)
@@ -110,6 +114,21 @@ std::vector<LyricField> Mp4Container::lyricFields() const
     return fields;
 }
 
+/// What is compared of an atom: its bytes, or where they are many their hash.
+std::string Mp4Container::contentOf(const Mp4Atom &atom) const
+{
+    if (std::optional<std::string> target = chunkTarget(m_source, atom))
+        return *target;
+    const std::uint64_t size = atom.size - atom.header;
+    if (size <= kMaxComparedBytes)
+        return atom.body(m_source);
+    Hash hash;
+    for (std::uint64_t done = 0; done < size; done += kMaxComparedBytes)
+        hash.add(m_source.read(
+            atom.bodyAt() + done, std::size_t(std::min<std::uint64_t>(kMaxComparedBytes, size - done))));
+    return "hash " + std::to_string(size) + ' ' + std::to_string(hash.value());
+}
+
 /// Every atom without children, with the path to it; chunk tables by what they point at.
 void Mp4Container::addOthers(
     const Mp4Atom &parent, std::string_view path, std::vector<std::string> &out) const
@@ -126,7 +145,7 @@ void Mp4Container::addOthers(
             || &atom == m_place.list)
             addOthers(atom, here, out);
         else
-            out.push_back(here + ' ' + chunkTarget(m_source, atom).value_or(atom.body(m_source)));
+            out.push_back(here + ' ' + contentOf(atom));
     }
 }
 
@@ -154,7 +173,8 @@ Patch Mp4Container::lyricPatch(std::optional<std::size_t> field, std::string_vie
         const Mp4Atom &old = *m_lyrics.at(*field);
         const std::string value = firstValue(m_source, old);
         const std::string locale = value.size() < 8 ? std::string(4, '\0') : value.substr(4, 4);
-        return {old.offset, old.size, text.empty() ? std::string() : renderLyric(text, locale)};
+        const std::string more = value.empty() ? std::string() : old.body(m_source).substr(value.size() + 8);
+        return {old.offset, old.size, text.empty() ? std::string() : renderLyric(text, locale, more)};
     }
     const std::string lyric = renderLyric(text, std::string(4, '\0'));
     if (m_place.list)

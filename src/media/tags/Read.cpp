@@ -47,6 +47,8 @@ Outcome<AudioTags> read(const std::string &path, SystemCalls &system)
     Outcome<LibraryView> view = readWithTagLib(source, format.value(), path);
     if (!view.ok())
         return view.failure();
+    if (source.hasFailed())
+        return Failure{Reason::SystemError, "The file could not be read to its end."};
     return assembled(format.value(), std::move(view.value()), *container.value(), file.value().state);
 }
 

@@ -8,9 +8,12 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <fcntl.h>
 #include <functional>
 #include <optional>
+#include <random>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -46,7 +49,6 @@ public:
     Temporary &operator=(const Temporary &) = delete;
 
     [[nodiscard]] int fd() const { return m_file.get(); }
-    [[nodiscard]] int close() { return m_file.close(); }
     [[nodiscard]] int rename(const std::string &target)
     {
         const int answer = m_system.rename(m_path.c_str(), target.c_str());
@@ -68,14 +70,24 @@ private:
     SystemCalls &m_system;
 };
 
-/// Whoever writes a temporary holds a lock on it; one that nobody holds was left by a crash.
+/// Whether the process that a temporary is named after still is; this one is, in all its threads.
+bool isMakerAlive(const std::string &name)
+{
+    pid_t maker = 0;
+    const char *digits = name.c_str() + std::string_view(kTemporaryPrefix).size();
+    const auto [end, error] = std::from_chars(digits, name.c_str() + name.size(), maker);
+    return error == std::errc() && maker > 0 && (kill(maker, 0) == 0 || errno == EPERM);
+}
+
+/// A temporary was left by a crash when its maker is gone and nobody holds a lock on it: between its making
+/// and its locking there is a moment.
 void sweepFolder(const std::string &folder, SystemCalls &system)
 {
     std::vector<std::string> names;
     if (system.listFolder(folder.c_str(), names) != 0)
         return;
     for (const std::string &name : names) {
-        if (name.rfind(kTemporaryPrefix, 0) != 0)
+        if (name.rfind(kTemporaryPrefix, 0) != 0 || isMakerAlive(name))
             continue;
         const std::string path = folder + '/' + name;
         Descriptor file(
@@ -87,7 +99,7 @@ void sweepFolder(const std::string &folder, SystemCalls &system)
 
 std::unique_ptr<Temporary> makeTemporary(const std::string &folder, mode_t mode, SystemCalls &system)
 {
-    static std::atomic<unsigned> counter = 0;
+    static std::atomic<unsigned> counter = std::random_device{}();
     for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
         const std::string path
             = folder + '/' + kTemporaryPrefix + std::to_string(getpid()) + '-' + std::to_string(++counter);
@@ -192,7 +204,8 @@ std::optional<Failure> changedMeanwhile(
         "Another program changed the file meanwhile, so it was left alone. Open it again to see its lyric."};
 }
 
-/// The temporary, complete, on the disk and closed; its state is what the next save will expect.
+/// The temporary, complete and on the disk, and still locked: it is ours until it has its new name. Its state
+/// is what the next save will expect.
 Outcome<FileState> fill(Temporary &temporary, const ByteSource &content, SystemCalls &system,
     WorkProgress &progress, const std::function<bool()> &takeOver)
 {
@@ -206,8 +219,6 @@ Outcome<FileState> fill(Temporary &temporary, const ByteSource &content, SystemC
     FileState state = stateOf(status);
     if (state.size <= kMaxMemoryBytes)
         state.hash = hash.value();
-    if (temporary.close() != 0 && errno != EINTR)
-        return notWritten();
     return state;
 }
 

@@ -3,13 +3,14 @@
 
 #include "media/tags/ByteSource.h"
 #include "media/tags/Container.h"
-#include "media/tags/FieldSet.h"
 #include "media/tags/Format.h"
+#include "media/tags/Id3v2Tag.h"
 #include "media/tags/LoadedFile.h"
 #include "media/tags/LyricEdits.h"
 #include "media/tags/PatchedSource.h"
 #include "media/tags/ReplaceFile.h"
 #include "media/tags/SystemCalls.h"
+#include "media/tags/TagsAtEnd.h"
 #include "media/tags/Verify.h"
 
 #include <algorithm>
@@ -30,20 +31,26 @@ using EditMaker = std::function<Outcome<std::vector<FieldEdit>>(const std::vecto
 class Save
 {
 public:
-    Save(std::string path, LoadedFile file, SystemCalls &system)
-        : m_path(std::move(path)), m_file(std::move(file)), m_system(system)
+    enum class Writes { Yes, No };
+
+    Save(std::string path, LoadedFile file, SystemCalls &system, Writes writes)
+        : m_path(std::move(path)), m_file(std::move(file)), m_system(system), m_writes(writes)
     { }
 
     [[nodiscard]] Outcome<Saved> run(const EditMaker &makeEdits, const SaveProgress &report);
 
 private:
     [[nodiscard]] const ByteSource &content() const;
+    [[nodiscard]] std::string hiddenTagRemark() const;
     [[nodiscard]] std::optional<Failure> takeHash();
     [[nodiscard]] std::optional<Failure> apply(const FieldEdit &edit);
+    [[nodiscard]] std::optional<Failure> misplaced(
+        const std::vector<LyricField> &fields, const std::vector<FieldEdit> &edits) const;
 
     std::string m_path; ///< without links
     LoadedFile m_file;
     SystemCalls &m_system;
+    Writes m_writes;
     WorkProgress m_progress;
     Format m_format = Format::Mpeg;
     std::vector<std::unique_ptr<PatchedSource>> m_edited; ///< each over the one before
@@ -59,7 +66,9 @@ const ByteSource &Save::content() const
 std::vector<FieldEdit> inOrder(std::vector<FieldEdit> edits, const std::vector<LyricField> &fields)
 {
     std::erase_if(edits, [&fields](const FieldEdit &edit) {
-        return edit.place.field ? fields.at(*edit.place.field).text == edit.text : edit.text.empty();
+        const std::string held = heldText(fields, edit.place, edit.text);
+        // What cannot be held at all is not "no change": it is refused.
+        return edit.place.field ? fields.at(*edit.place.field).text == held : edit.text.empty();
     });
     std::stable_sort(edits.begin(), edits.end(), [](const FieldEdit &a, const FieldEdit &b) {
         return a.place.field && (!b.place.field || *a.place.field > *b.place.field);
@@ -79,6 +88,18 @@ std::optional<Failure> unholdable(const std::vector<FieldEdit> &edits, const std
         }
     }
     return std::nullopt;
+}
+
+/// Some programs read an ID3v2 tag, where there is one, and no other.
+std::string Save::hiddenTagRemark() const
+{
+    const bool isNewTag = m_format == Format::Mpeg && leadingId3v2Size(*m_file.source) == 0
+        && leadingId3v2Size(content()) > 0;
+    if (!isNewTag || tagsAtEnd(*m_file.source).id3v1 == m_file.source->size())
+        return {};
+    return "The lyric stands in a new ID3v2 tag; title and artist stand in the old ID3v1 tag alone, which "
+           "some "
+           "players do not show now. A tag editor can copy them.";
 }
 
 /// A large file's hash was not taken when it was loaded; without one, a change while it is copied could go
@@ -113,6 +134,26 @@ std::optional<Failure> Save::apply(const FieldEdit &edit)
     return std::nullopt;
 }
 
+/// Each edit was checked by itself; an earlier one may have moved the field of a later one all the same.
+std::optional<Failure> Save::misplaced(
+    const std::vector<LyricField> &fields, const std::vector<FieldEdit> &edits) const
+{
+    const auto texts = [](const std::vector<LyricField> &all) {
+        std::vector<std::string> out;
+        for (const LyricField &field : all)
+            out.push_back(field.text);
+        std::sort(out.begin(), out.end());
+        return out;
+    };
+    const ContainerOutcome container = parseContainer(content(), m_format);
+    if (container.ok() && texts(container.value()->lyricFields()) == texts(fieldsAfter(fields, edits)))
+        return std::nullopt;
+    return Failure{Reason::WouldChangeMore,
+        "The file was left alone, because changing these fields at once would have mixed them up. Change "
+        "them one "
+        "by one."};
+}
+
 Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
 {
     const Outcome<Format> format = detectFormat(*m_file.source);
@@ -123,6 +164,8 @@ Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
     if (!container.ok())
         return container.failure();
     const std::vector<LyricField> fields = container.value()->lyricFields();
+    if (m_file.source->hasFailed())
+        return Failure{Reason::SystemError, "The file could not be read to its end, so it was left alone."};
     const Outcome<std::vector<FieldEdit>> made = makeEdits(fields);
     if (!made.ok())
         return made.failure();
@@ -144,10 +187,15 @@ Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
         if (auto failure = apply(edit))
             return *failure;
     }
+    if (auto failure = misplaced(fields, edits))
+        return *failure;
+    if (m_writes == Writes::No)
+        return Saved{m_file.state, true, hiddenTagRemark()};
     Outcome<Replaced> replaced = replaceFile(m_path, content(), m_file, m_system, m_progress);
     if (!replaced.ok())
         return replaced.failure();
-    return Saved{replaced.value().state, true, std::move(replaced.value().remark)};
+    std::string remark = std::move(replaced.value().remark);
+    return Saved{replaced.value().state, true, remark.empty() ? hiddenTagRemark() : remark};
 }
 
 /// The file as it is now, when that is how it was when its tags were read.
@@ -167,7 +215,7 @@ Outcome<LoadedFile> loadUnchanged(const std::string &path, const FileState &expe
 }
 
 Outcome<Saved> saveEdits(const std::string &path, const EditMaker &makeEdits, const FileState &expected,
-    const SaveProgress &progress, SystemCalls &system)
+    const SaveProgress &progress, SystemCalls &system, Save::Writes writes = Save::Writes::Yes)
 {
     std::string target;
     if (system.resolve(path.c_str(), target) != 0)
@@ -175,7 +223,7 @@ Outcome<Saved> saveEdits(const std::string &path, const EditMaker &makeEdits, co
     Outcome<LoadedFile> file = loadUnchanged(target, expected, system);
     if (!file.ok())
         return file.failure();
-    return Save(target, std::move(file.value()), system).run(makeEdits, progress);
+    return Save(target, std::move(file.value()), system, writes).run(makeEdits, progress);
 }
 
 } // namespace
@@ -193,19 +241,17 @@ Outcome<Saved> saveFields(const std::string &path, const std::vector<FieldEdit> 
     return saveFields(path, edits, expected, progress, SystemCalls::real());
 }
 
+Outcome<Saved> tryFields(
+    const std::string &path, const std::vector<FieldEdit> &edits, const FileState &expected)
+{
+    const auto made = [&edits](const auto &) { return edits; };
+    return saveEdits(path, made, expected, {}, SystemCalls::real(), Save::Writes::No);
+}
+
 Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric, const FileState &expected,
     const SaveProgress &progress, SystemCalls &system)
 {
-    const auto edits = [lyric](const std::vector<LyricField> &fields) -> Outcome<std::vector<FieldEdit>> {
-        std::vector<FieldEdit> made = lyricEdits(fields, lyric);
-        if (const std::optional<LyricField> rival = rivalOf(lyric, fields, made)) {
-            return Failure{Reason::Unsupported,
-                "The lyric has no times any more, but another field of the file, " + labelOf(*rival)
-                    + ", has: it would be read as the lyric from now on. Take that field out first (lrctool "
-                      "fields --clear), or keep a time."};
-        }
-        return made;
-    };
+    const auto edits = [lyric](const std::vector<LyricField> &fields) { return lyricEdits(fields, lyric); };
     return saveEdits(path, edits, expected, progress, system);
 }
 

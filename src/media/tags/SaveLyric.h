@@ -39,6 +39,11 @@ struct Saved
 [[nodiscard]] Outcome<Saved> saveFields(const std::string &path, const std::vector<FieldEdit> &edits,
     const FileState &expected, const SaveProgress &progress, SystemCalls &system);
 
+/// What saveFields() would answer to all but the writing: checked, and refused, in the same way. `written`
+/// tells whether it would write.
+[[nodiscard]] Outcome<Saved> tryFields(
+    const std::string &path, const std::vector<FieldEdit> &edits, const FileState &expected);
+
 /// The same with the edits that make `lyric` the lyric of the file; see lyricEdits(). An empty lyric takes
 /// its fields away.
 [[nodiscard]] Outcome<Saved> saveLyric(const std::string &path, std::string_view lyric,

@@ -91,6 +91,18 @@ bool isAscii(std::string_view text)
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+bool isTagText(std::string_view text)
+{
+    return isUtf8(text) && text.find('\0') == std::string_view::npos;
+}
+
+Failure notTagText(const std::string &what)
+{
+    return {Reason::NotText,
+        "The lyric holds bytes that are no text in UTF-8, which " + what
+            + " cannot store. They show as replacement marks."};
+}
+
 std::string utf8FromLatin1(std::string_view text)
 {
     std::string out;

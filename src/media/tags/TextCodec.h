@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media/tags/Outcome.h"
+
 #include <string>
 #include <string_view>
 
@@ -10,6 +12,10 @@ namespace tags {
 /// U+10FFFF.
 [[nodiscard]] bool isUtf8(std::string_view text);
 [[nodiscard]] bool isAscii(std::string_view text);
+/// Whether `text` is UTF-8 without NUL, as tags store it that know text alone.
+[[nodiscard]] bool isTagText(std::string_view text);
+/// The refusal of a text that is not, by `what`: "an ID3 tag".
+[[nodiscard]] Failure notTagText(const std::string &what);
 
 [[nodiscard]] std::string utf8FromLatin1(std::string_view text);
 /// UTF-16 to UTF-8. A lone surrogate becomes U+FFFD; an odd last byte is dropped.

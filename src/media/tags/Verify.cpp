@@ -60,13 +60,17 @@ bool lyricsAreAsMeant(const Container &old, const Container &edited, const Inten
     std::vector<LyricField> actual = edited.lyricFields();
     const std::string text = heldText(expected, edit.place, edit.text);
     if (!edit.place.field) {
-        // The name and the language of a new field are the format's; the text is what was meant.
-        const auto added = std::find_if(
-            actual.begin(), actual.end(), [&text](const LyricField &field) { return field.text == text; });
-        if (added == actual.end())
-            return false;
-        actual.erase(added);
-    } else if (text.empty()) {
+        // The name and the language of a new field are the format's; the text is what was meant. A field that
+        // was there may say the same.
+        for (const LyricField &field : expected) {
+            const auto same = std::find(actual.begin(), actual.end(), field);
+            if (same == actual.end())
+                return false;
+            actual.erase(same);
+        }
+        return actual.size() == 1 && actual.front().text == text;
+    }
+    if (text.empty()) {
         expected.erase(expected.begin() + std::ptrdiff_t(*edit.place.field));
     } else {
         expected[*edit.place.field].text = text;
@@ -121,7 +125,12 @@ std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldCo
     if (!before.ok() || !after.ok()
         || !libraryAgrees(
             before.value(), after.value(), heldText(oldContainer.lyricFields(), edit.place, edit.text)))
-        return wouldChange("how other programs read it");
+        return edit.text.find('\0') == std::string_view::npos
+            ? wouldChange("how other programs read it")
+            : Failure{Reason::NotText,
+                "The lyric holds a NUL character, which other programs take for its end. Take it out, then "
+                "save "
+                "again."};
     return std::nullopt;
 }
 

@@ -154,7 +154,8 @@ TEST_P(Killed, AtTwoHundredMomentsTheFileIsAlwaysWhole)
         const std::string bytes = contents(path);
         ASSERT_TRUE(bytes == one || bytes == other) << "kill " << i << " after " << microseconds << " us";
     }
-    EXPECT_GT(torn, 0) << "no kill fell into the writing of a file";
+    // How many fell into the writing of a file depends on the machine; tst_faults.cpp has each place in turn.
+    RecordProperty("torn", torn);
     ASSERT_TRUE(tags::saveLyric(path, "[00:04.00]last", tags::read(path).value().state).ok());
     EXPECT_THAT(folder.names(), ElementsAre(GetParam())) << "what the dead left is swept";
     EXPECT_EQ(soundOf(path), sound);

@@ -30,7 +30,7 @@ std::vector<bool> stale(const FieldSet &set)
 TEST(FieldSet, TellsWhichCountsAndWhichAreStale)
 {
     const FieldSet set(
-        {field("USLT", " first \r\n\r\nsecond", "eng"), field("USLT", "first\nsekond", "deu"),
+        {field("USLT", " first \r\n\r\nsecond", "eng"), field("USLT", "first\nsekond", "eng"),
             field("SYLT", "[00:01.00]first\n[00:02.50]<00:02.50>se<00:02.80>cond\n", "eng", true),
             field("TXXX:LYRICS", kTimed), field("TXXX:SYNCEDLYRICS", "[00:01.00]first\n")},
         {"USLT"});
@@ -39,6 +39,40 @@ TEST(FieldSet, TellsWhichCountsAndWhichAreStale)
     EXPECT_TRUE(set.entries()[2].isLyric);
     EXPECT_FALSE(set.entries()[0].hasTimes);
     EXPECT_TRUE(set.entries()[3].hasTimes);
+}
+
+TEST(FieldSet, TranslationsAndOtherVersionsAreNotStale)
+{
+    tags::LyricField live = field("USLT", "[00:01.00]live words", "jpn");
+    live.description = "live";
+    const FieldSet set({field("USLT", "[00:01.00]kirakira", "jpn"), field("USLT", "[00:01.00]Twinkle", "eng"),
+                           live, field("USLT", "[00:01.00]old", "XXX"), field("TXXX:LYRICS", "old words")},
+        {"USLT"});
+    EXPECT_THAT(stale(set), ElementsAre(false, false, false, true, true));
+    std::vector<std::size_t> changed;
+    for (const tags::FieldEdit &edit : set.madeEqual())
+        changed.push_back(edit.place.field.value());
+    EXPECT_THAT(changed, ElementsAre(3U, 4U));
+}
+
+TEST(FieldSet, WhatCannotBeComparedIsNeverTakenOut)
+{
+    const FieldSet other({field("LYRICS", "[00:12:34]a"), field("UNSYNCEDLYRICS", "a"),
+                             field("SYNCEDLYRICS", "[00:12:34]other")},
+        {"LYRICS"});
+    EXPECT_THAT(stale(other), ElementsAre(false, false, true));
+    const FieldSet mixed({field("LYRICS", "[00:12.34]a\n[Chorus]\nsung but untimed\n[01:02:03.45]late"),
+                             field("UNSYNCEDLYRICS", "a\n[Chorus]\nsung but untimed\nlate")},
+        {"LYRICS"});
+    EXPECT_THAT(stale(mixed), ElementsAre(false, false));
+    const FieldSet emptied({field("LYRICS", "[00:12.34]"), field("UNSYNCEDLYRICS", "words")}, {"LYRICS"});
+    EXPECT_TRUE(emptied.madeEqual().empty());
+}
+
+TEST(FieldSet, FieldsWithoutAWordAreNotStale)
+{
+    EXPECT_THAT(
+        stale(FieldSet({field("USLT", ""), field("TXXX:LYRICS", "")}, {})), ElementsAre(false, false));
 }
 
 TEST(FieldSet, OneFieldOrNoneIsNeverStale)
@@ -51,7 +85,7 @@ TEST(FieldSet, OneFieldOrNoneIsNeverStale)
 TEST(FieldSet, MadeEqualGivesEachItsKindAndLeavesWhatSaysTheSame)
 {
     const FieldSet set(
-        {field("USLT", "alt", "deu"), field("USLT", kTimed, "eng"),
+        {field("USLT", "alt", "eng"), field("USLT", kTimed, "eng"),
             field("SYLT", "[00:01.00]old\n", "eng", true), field("TXXX:LYRICS", "first\n\nsecond\n"),
             field("TXXX:SYNCEDLYRICS", "[00:09.00]old")},
         {"USLT"});

@@ -27,7 +27,9 @@ LyricField synced(const std::string &text)
 std::vector<std::string> edits(const std::vector<LyricField> &fields, std::string_view lyric)
 {
     std::vector<std::string> out;
-    for (const FieldEdit &edit : tags::lyricEdits(fields, lyric)) {
+    const auto made = tags::lyricEdits(fields, lyric);
+    EXPECT_TRUE(made.ok());
+    for (const FieldEdit &edit : made.ok() ? made.value() : std::vector<FieldEdit>()) {
         EXPECT_EQ(edit.place.newName, "");
         out.push_back((edit.place.field ? std::to_string(*edit.place.field) : "new") + ' ' + edit.text);
     }
@@ -81,6 +83,27 @@ TEST(LyricEdits, WhatASynchronisedLyricCannotHoldGoesIntoAFieldMore)
         edits({synced(kOld), plain(kOld)}, kMore), ElementsAre("1 " + kMore, "0 " + kNew, "new " + kMore));
 }
 
+TEST(LyricEdits, AFixedFieldStaysAndTheLyricGoesIntoAnother)
+{
+    LyricField fixed = synced(kOld);
+    fixed.isFixed = true;
+    EXPECT_THAT(edits({fixed}, kNew), ElementsAre("new " + kNew));
+    EXPECT_THAT(edits({plain(kOld), fixed}, kNew), ElementsAre("0 " + kNew));
+    EXPECT_THAT(edits({fixed}, ""), ElementsAre());
+}
+
+TEST(LyricEdits, WhatWouldNotBeReadAsTheLyricIsRefused)
+{
+    const auto isRefused = [](const std::vector<LyricField> &fields, std::string_view lyric) {
+        return !tags::lyricEdits(fields, lyric).ok();
+    };
+    EXPECT_TRUE(isRefused({plain(kOld), plain("[00:05.00]rival")}, "words"));
+    EXPECT_TRUE(isRefused({plain("words"), plain(kOld)}, "other words"));
+    EXPECT_FALSE(isRefused({plain("words"), plain(kOld)}, kNew));
+    EXPECT_FALSE(isRefused({plain("words"), plain("more words")}, "other words"));
+    EXPECT_FALSE(isRefused({plain("words"), plain(kOld)}, ""));
+}
+
 TEST(LyricEdits, AnEmptyLyricTakesTheLyricAndItsCopiesAway)
 {
     EXPECT_THAT(edits({plain("words"), plain(kOld), synced(kOld)}, ""), ElementsAre("2 ", "1 "));
@@ -90,7 +113,9 @@ TEST(LyricEdits, AnEmptyLyricTakesTheLyricAndItsCopiesAway)
 /// The file after all edits, one after the other, and the lyric that is read from it then.
 std::string lyricAfter(std::string bytes, std::string_view lyric)
 {
-    for (const FieldEdit &edit : tags::lyricEdits(edits::fieldsOf(bytes), lyric))
+    const auto made = tags::lyricEdits(edits::fieldsOf(bytes), lyric);
+    EXPECT_TRUE(made.ok());
+    for (const FieldEdit &edit : made.ok() ? made.value() : std::vector<FieldEdit>())
         bytes = edits::edited(bytes, edit.place, edit.text);
     const std::vector<LyricField> fields = edits::fieldsOf(bytes);
     const std::optional<std::size_t> index = tags::lyricFieldIndex(fields);

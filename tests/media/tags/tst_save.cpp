@@ -374,7 +374,7 @@ TEST_F(Save, OwnerIsKept)
 TEST_F(Save, WhatACrashLeftIsSwept)
 {
     const std::string path = folder.copy(sample("v24.mp3"));
-    write(folder.file(".tqlrc-save-4242-1"), "half a file");
+    write(folder.file(".tqlrc-save-99999999-1"), "half a file");
     write(folder.file(".tqlrc-other"), "somebody else's");
     saveOk(path, kLyric);
     EXPECT_THAT(folder.names(), ElementsAre(".tqlrc-other", "v24.mp3"));

@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AudioSamples.h"
 #include "media/tags/AudioTags.h"
+#include "media/tags/ByteSource.h"
 #include "media/tags/FaultySystem.h"
+#include "media/tags/HandMade.h"
 #include "media/tags/SaveLyric.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <thread>
+#include <tuple>
 
 namespace {
 
@@ -121,6 +126,112 @@ TEST_F(SaveFields, ALyricThatWouldNotReadBackIsRefused)
     ASSERT_TRUE(cleared.ok());
     ASSERT_TRUE(tags::saveLyric(path, "just words", cleared.value().state).ok());
     EXPECT_EQ(readOk(path).lyric, "just words");
+}
+
+TEST_F(SaveFields, TwoNewFieldsMaySayTheSame)
+{
+    for (const auto &[name, first, second] : {std::tuple("tagged.flac", "LYRICS", "SYNCEDLYRICS"),
+             std::tuple("v24.mp3", "USLT", "TXXX:SYNCEDLYRICS"),
+             std::tuple("tagged.wv", "Lyrics", "SYNCEDLYRICS")}) {
+        const std::string path = folder.copy(sample(name));
+        const auto saved
+            = tags::saveFields(path, {{{{}, first}, kLyric}, {{{}, second}, kLyric}}, readOk(path).state);
+        ASSERT_TRUE(saved.ok()) << name << ": " << saved.failure().message;
+        EXPECT_EQ(texts(path).size(), 2U) << name;
+        EXPECT_EQ(readOk(path).lyric, kLyric);
+    }
+}
+
+TEST_F(SaveFields, ATrialAnswersWhatTheSaveWouldAndWritesNothing)
+{
+    const std::string path = folder.copy(sample("v24.mp3"));
+    const std::string before = contents(path);
+    const tags::FileState state = readOk(path).state;
+    const auto fine = tags::tryFields(path, {{{{}, "USLT"}, kLyric}}, state);
+    ASSERT_TRUE(fine.ok());
+    EXPECT_TRUE(fine.value().written);
+    const std::vector<tags::FieldEdit> refused = {{{{}, "USLT"}, "bad \xFF byte"}};
+    ASSERT_FALSE(tags::tryFields(path, refused, state).ok());
+    EXPECT_EQ(tags::tryFields(path, refused, state).failure().message,
+        tags::saveFields(path, refused, state).failure().message);
+    EXPECT_EQ(contents(path), before);
+    EXPECT_THAT(folder.names(), ElementsAre("v24.mp3"));
+}
+
+TEST_F(SaveFields, ManyFilesOfOneFolderAtOnce)
+{
+    constexpr int kFiles = 8;
+    constexpr int kRounds = 40;
+    for (int i = 0; i < kFiles; ++i)
+        static_cast<void>(folder.copy(sample("tagged.flac"), std::to_string(i)));
+    std::atomic<int> refused = 0;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < kFiles; ++i) {
+        threads.emplace_back([&refused, path = folder.file(std::to_string(i))] {
+            for (int round = 0; round < kRounds; ++round) {
+                const auto state = tags::read(path).value().state;
+                refused += tags::saveLyric(path, std::to_string(round), state).ok() ? 0 : 1;
+            }
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    EXPECT_EQ(refused, 0);
+    EXPECT_EQ(folder.names().size(), std::size_t(kFiles));
+}
+
+TEST_F(SaveFields, AnApeTagThatIsTheOnlyOneGetsTheLyric)
+{
+    const std::string path = folder.file("ape.mp3");
+    write(path, contents(sample("untagged.mp3")) + apeTag({{"Title", "The Title"}}));
+    ASSERT_EQ(readOk(path).title, "The Title");
+    const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
+    ASSERT_TRUE(saved.ok()) << saved.failure().message;
+    EXPECT_EQ(saved.value().remark, "");
+    EXPECT_THAT(texts(path), ElementsAre("Lyrics=" + kLyric));
+    EXPECT_NE(contents(path).substr(0, 3), "ID3") << "a tag at the start would hide the one at the end";
+    EXPECT_EQ(readOk(path).title, "The Title");
+}
+
+TEST_F(SaveFields, ANewTagBesideAnId3v1TagIsTold)
+{
+    const std::string path = folder.file("v1.mp3");
+    write(path, contents(sample("untagged.mp3")) + "TAG" + "The Title" + std::string(116, '\0'));
+    ASSERT_EQ(readOk(path).title, "The Title");
+    const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
+    ASSERT_TRUE(saved.ok()) << saved.failure().message;
+    EXPECT_THAT(saved.value().remark, HasSubstr("ID3v1"));
+    const auto again = tags::saveLyric(path, kLyric + "more", saved.value().state);
+    ASSERT_TRUE(again.ok());
+    EXPECT_EQ(again.value().remark, "");
+}
+
+/// `bytes`, an MP4 file whose movie stands last, with `more` at the end of its lyric atom.
+std::string withMoreInLyricAtom(std::string bytes, const std::string &more)
+{
+    const std::string lyricAtom = "\xA9lyr";
+    const std::size_t lyric = bytes.find(lyricAtom) - 4;
+    for (const std::string &name :
+        {std::string("moov"), std::string("udta"), std::string("meta"), std::string("ilst"), lyricAtom}) {
+        const std::size_t at = bytes.rfind(name, lyric + 4) - 4;
+        const std::uint64_t size = tags::bigEndian(bytes, at, 4) + more.size();
+        bytes.replace(at, 4, tags::toBigEndian(size, 4));
+    }
+    return bytes.insert(lyric + std::size_t(tags::bigEndian(bytes, lyric, 4)) - more.size(), more);
+}
+
+TEST_F(SaveFields, TheSecondValueOfAnMp4LyricStays)
+{
+    const std::string path = folder.copy(sample("tagged.m4a"));
+    ASSERT_TRUE(tags::saveLyric(path, "first", readOk(path).state).ok());
+    const std::string second
+        = tags::toBigEndian(22, 4) + "data" + tags::toBigEndian(1, 4) + tags::toBigEndian(0, 4) + "second";
+    write(path, withMoreInLyricAtom(contents(path), second));
+    ASSERT_EQ(readOk(path).lyric, "first");
+    const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
+    ASSERT_TRUE(saved.ok()) << saved.failure().message;
+    EXPECT_EQ(readOk(path).lyric, kLyric);
+    EXPECT_NE(contents(path).find(second), std::string::npos);
 }
 
 TEST_F(SaveFields, CancelledAtAnyMomentLeavesTheOldFileAndNothingElse)

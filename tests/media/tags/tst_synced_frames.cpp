@@ -51,6 +51,14 @@ LyricField synced(const std::string &text, const std::string &description = {})
     return {"ID3v2", "SYLT", "eng", description, text, true};
 }
 
+/// One whose times count frames of the sound.
+LyricField counted(const std::string &text)
+{
+    LyricField field = synced(text);
+    field.isFixed = true;
+    return field;
+}
+
 TEST(SyncedFrames, ReadInEachVersion)
 {
     const std::string body = sylt({{1000, "one"}, {2500, "\ntwo"}}, {kMilliseconds, 1, "words"});
@@ -163,9 +171,9 @@ TEST(SyncedFrames, FramesOfSoundAreCountedAsLongAsTheSoundHasThem)
     const std::string tag
         = id3v2(3, {{"SYLT", sylt({{0, "a"}, {100, "\nb"}, {10000, "\nc"}}, {kFrames, 1, {}})}});
     EXPECT_THAT(fieldsOf(tag + contents(sample("untagged.mp3"))),
-        ElementsAre(synced("[00:00.00]a\n[00:02.612]b\n[04:21.224]c\n")));
+        ElementsAre(counted("[00:00.00]a\n[00:02.612]b\n[04:21.224]c\n")));
     EXPECT_THAT(fieldsOf(tag + contents(sample("untagged.aac"))),
-        ElementsAre(synced("[00:00.00]a\n[00:02.322]b\n[03:52.20]c\n")));
+        ElementsAre(counted("[00:00.00]a\n[00:02.322]b\n[03:52.20]c\n")));
 }
 
 TEST(SyncedFrames, FramesOfSoundAreWrittenWhereTheyAreExact)
