@@ -165,6 +165,21 @@ TEST(Shift, MovesTimesAndSaysWhatStopsAtZero)
     EXPECT_EQ(run({"shift"}, "").status, 2);
 }
 
+TEST(Shift, WritesATimeThatChangesAnewAndNoOther)
+{
+    const std::string text = "[1:02.3]a\n[3:00]b\n";
+    EXPECT_EQ(run({"shift", "1s"}, text).out, "[01:03.30]a\n[03:01.00]b\n");
+    EXPECT_EQ(run({"shift", "5ms"}, text).out, "[01:02.305]a\n[03:00.005]b\n");
+    EXPECT_EQ(run({"shift", "0s"}, text).out, text);
+    EXPECT_EQ(
+        run({"stretch", "-a", "3:00.0=3:00.0", "-a", "1:02.3=1:02.4"}, text).out, "[01:02.40]a\n[3:00]b\n");
+    EXPECT_EQ(run({"collapse"}, "[1:02.3]a\n[3:00]a\n").out, "[1:02.3][03:00.00]a\n");
+    for (const char *name : {"shift", "stretch", "collapse"}) {
+        const std::string help = run({name, "--help"}).out;
+        EXPECT_THAT(help, testing::AllOf(HasSubstr("written anew"), HasSubstr("[01:02.305]"))) << name;
+    }
+}
+
 TEST(Stretch, NeedsAnAnchor)
 {
     EXPECT_EQ(run({"stretch"}, "[00:01.00]a").status, 2);
@@ -401,6 +416,9 @@ TEST(Help, TeachesEachCommand)
         EXPECT_THAT(ran.out, HasSubstr(std::string("  lrctool ") + name + " "));
         EXPECT_EQ(run({"help", name}).out, ran.out);
     }
+    for (const char *writer : {"--in-place", "--output", "--into", "'embed'", "'extract --beside'",
+             "'fields --equal'", "'--clear'"})
+        EXPECT_THAT(general.out, HasSubstr(writer));
     EXPECT_EQ(run({}).status, 2);
     EXPECT_EQ(run({"chekc"}).status, 2);
     EXPECT_THAT(run({"chekc"}).err, HasSubstr("'check'"));
