@@ -355,6 +355,16 @@ class Audio(Folder):
         self.assertEqual((status, out), (1, b""))
         self.assertIn(b"no lyric", err)
 
+    def test_an_unsure_guess_is_not_put_in(self):
+        before = self.song.read_bytes()
+        path = self.write("a.lrc", "[00:01.00]Привет, как дела\n".encode("cp1251"))
+        status, _, err = run("embed", "-g", self.song, path)
+        self.assertEqual(status, 1)
+        self.assertIn(b"too unsure to write over a file", err)
+        self.assertEqual(self.song.read_bytes(), before)
+        self.assertEqual(run("embed", "-e", "cp1251", self.song, path), (0, b"", b""))
+        self.assertEqual(run("extract", self.song)[1].decode(), "[00:01.00]Привет, как дела\n")
+
     def fields(self):
         answer = json.loads(run("fields", "--json", self.song)[1])
         return {field["name"]: field for field in answer["fields"]}

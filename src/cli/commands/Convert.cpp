@@ -25,9 +25,10 @@ of the source: tags, word stamps, untimed lines, marks of style. The lines of on
 subtitle become lines of one time, as originals and translations are written. From
 lrc to lrc or enhanced only the word stamps are touched.
 
-The lines of a lyric have no ends: in a subtitle each is shown until the next
-begins, the last one for five seconds. The other way round, a subtitle that ends
-before the next one begins is followed by an empty line at that time.
+The lines of a lyric have no ends, but for ranges such as [00:01.20-00:02.30]: in a
+subtitle each other line is shown until the next begins, the last one for five
+seconds. The other way round, a subtitle that ends before the next one begins is
+followed by an empty line at that time.
 )";
 constexpr std::string_view kExamples = R"(  lrctool convert --to srt song.lrc > song.srt
   lrctool convert --to lrc --output song.lrc song.ass
