@@ -13,7 +13,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 LYRIC_NAMES = "lrc elrc srt vtt ass ssa ttml txt"
-AUDIO_NAMES = "mp3 flac m4a mp4 ogg oga opus"
+AUDIO_NAMES = "mp3 m4a mp4 flac ogg oga opus spx wav aif aiff aifc aac mp2 wma asf ape wv mpc"
 AUDIO_COMMANDS = {"fields": "AUDIO…", "extract": "AUDIO", "embed": "AUDIO LYRIC"}
 
 
@@ -97,9 +97,9 @@ def manual(commands):
         ".SH SYNOPSIS\n.B lrctool\n.I COMMAND\n[options] [\\fIFILE\\fR\\[u2026]]",
         ".SH DESCRIPTION",
         paragraphs(
-            "Nothing is changed that you did not ask for: what a command does not touch comes back byte for byte, and\n"
-            "files are only written with --in-place, --output, --into or 'embed', each whole or not at all: a complete\n"
-            "new file is made beside the old one and takes its name, a link is written through, and a file that stays\n"
+            "Nothing is changed that you did not ask for: what a command does not touch comes back byte for byte.\n"
+            "Files are only written with --in-place, --output and --into, and by 'embed', 'extract --beside' and\n"
+            "'fields --equal' or '--clear', each whole or not at all: a complete new file is made beside the old one and takes its name, a link is written through, and a file that stays\n"
             "the same is left alone.\n\n"
             "'-' is standard input, and so is no file. A folder stands for every lyric in it (*.lrc), however deep; hidden\n"
             "names and folders behind links are passed over. Several files are worked on at once, on all cores, and the\n"
@@ -126,7 +126,7 @@ def manual(commands):
         ".SH EXIT STATUS\n.TP\n0\nAll is fine.\n.TP\n1\nThere are findings, or an input was refused.\n.TP\n2\nThe call is wrong.",
         ".SH ENVIRONMENT\n.TP\n\\fBNO_COLOR\\fR, \\fBTERM\\fR=dumb\nNo colours, unless \\fB\\-\\-color always\\fR is given.",
         ".SH LIMITS\nA lyric of more than 64 MiB, a device and a socket are refused unread; a pipe is read up to that bound. "
-        "An audio file that is saved has at most 128 MiB. Of one kind of finding 100 are told in one lyric.",
+        "An audio file that is saved has at most 2 GiB. Of one kind of finding 100 are told in one lyric.",
         ".SH SEE ALSO\nThe format as it is read and written: docs/LRC.md of TQLrcEditor.",
     ]
     return "\n".join(out) + "\n"
@@ -145,6 +145,8 @@ def bash(commands):
         "    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} options=",
         "    local names='" + LYRIC_NAMES.replace(" ", "|") + "'",
         "    COMPREPLY=()",
+        "    # Of --to=srt each part is a word.",
+        "    if [[ $word == = ]]; then word=; elif [[ $before == = ]]; then before=${COMP_WORDS[COMP_CWORD-2]}; fi",
         "    if ((COMP_CWORD == 1)); then",
         f"        mapfile -t COMPREPLY < <(compgen -W '{' '.join(c.name for c in commands)} help --help --version' -- \"$word\")",
         "        return",
@@ -171,6 +173,9 @@ def bash(commands):
             words = f"compgen -W '{choices}' -- \"$word\""
         elif value == "FOLDER":
             words = 'compgen -d -- "$word"'
+        elif name == "--audio":
+            out.append(f"    {pattern}) names='{AUDIO_NAMES.replace(' ', '|')}' ;;")
+            continue
         elif value in ("FILE", "LIST"):
             words = 'compgen -f -- "$word"'
         else:
@@ -198,6 +203,10 @@ def zsh_quoted(text):
     return text.replace("'", "’").replace("[", "(").replace("]", ")").replace(":", "\\:")
 
 
+def zsh_files(names):
+    return f'_files -g "*.(#i)({names.replace(" ", "|")})(-.)"'
+
+
 def zsh(commands):
     out = ["#compdef lrctool", "# SPDX-License-Identifier: MIT", "# Written by scripts/lrctool_pages.py.", "",
            "_lrctool() {", "    local -a commands=("]
@@ -209,15 +218,16 @@ def zsh(commands):
         for name, letter, value, choices in command.options:
             text = f"[{zsh_quoted(command.option_help[name])}]"
             if value:
-                action = f"({choices})" if choices else "_files -/" if value == "FOLDER" else "_files" if value in ("FILE", "LIST") else " "
+                action = f"({choices})" if choices else "_files -/" if value == "FOLDER" else zsh_files(AUDIO_NAMES) if name == "--audio" else "_files" if value in ("FILE", "LIST") else " "
                 text += f":{value}:{action}"
             stars = "*" if value == "FROM=TO" else ""
+            equals, joined = ("=", "+") if value else ("", "")
             if letter:
-                out.append(f"            '{stars}'{{-{letter},{name}}}'{text}' \\")
+                out.append(f"            '{stars}'{{-{letter}{joined},{name}{equals}}}'{text}' \\")
             else:
-                out.append(f"            '{stars}{name}{text}' \\")
+                out.append(f"            '{stars}{name}{equals}{text}' \\")
         names = AUDIO_NAMES + (" lrc" if command.name == "embed" else "") if command.name in AUDIO_COMMANDS else LYRIC_NAMES
-        out.append(f"            '*:file:_files -g \"*.(#i)({names.replace(' ', '|')})(-.)\"'\n        ;;")
+        out.append(f"            '*:file:{zsh_files(names)}'\n        ;;")
     out += ["    help) _describe command commands ;;", "    esac", "}", "", '_lrctool "$@"']
     return "\n".join(out) + "\n"
 

@@ -73,9 +73,10 @@ A first round:
   lrctool extract song.mp3 | lrctool check  the lyric inside a song
 
 Nothing is changed that you did not ask for: what a command does not touch
-comes back byte for byte, and files are only written with --in-place, --output,
---into or 'embed', each whole or not at all. '-' is standard input, and so is no
-file. In folders, lyrics are found by their names (*.lrc), however deep.
+comes back byte for byte. Files are only written with --in-place, --output and
+--into, and by 'embed', 'extract --beside' and 'fields --equal' or '--clear', each
+whole or not at all. '-' is standard input, and so is no file. In folders, lyrics
+are found by their names (*.lrc), however deep.
 
   lrctool COMMAND --help     shows a command, with examples
   lrctool --version          shows the version

@@ -21,8 +21,13 @@ struct Lyric
     [[nodiscard]] std::string_view bytes() const { return isConverted ? file : text; }
 };
 
-/// Reads one input, and converts it as --encoding or --guess-encoding say.
+/// Reads one input, and converts it as --encoding or --guess-encoding say. A guess that is unsure is refused
+/// where a file would be written over by it.
 [[nodiscard]] Lyric readLyric(const Invocation &invocation, const Input &input);
+
+/// Why a command that works on lines cannot work on this one, when nobody asked for it to be converted and it
+/// looks like UTF-16; empty when it does not.
+[[nodiscard]] std::string refusalOfUtf16(const Lyric &lyric);
 
 /// What is wrong with the options on encodings, as a sentence; empty when nothing is.
 [[nodiscard]] std::string faultOfEncoding(const Invocation &invocation);

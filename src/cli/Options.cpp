@@ -33,7 +33,9 @@ constexpr std::array kOptions{
     OptionInfo{Option::Encoding, "--encoding", 'e', "NAME", "",
         "read the lyric in this encoding (utf-16, gb18030, big5, shift_jis, windows-1252, …)"},
     OptionInfo{Option::GuessEncoding, "--guess-encoding", 'g', "", "",
-        "guess the encoding of a lyric that is no UTF-8, and say the guess"},
+        "guess the encoding of a lyric that is no UTF-8, and say the guess; an unsure one is not written "
+        "over a "
+        "file"},
     OptionInfo{Option::FilesFrom, "--files-from", '\0', "LIST", "",
         "read the names of the files from LIST, one a line; - is standard input"},
     OptionInfo{Option::Null, "--null", '0', "", "", "the names in LIST end with NUL, as find -print0 writes"},

@@ -123,9 +123,12 @@ Verdict transform(const Invocation &invocation, std::span<const std::string> ope
         list.wrongUse = faultOf(invocation, list);
     Saver saver;
     return forEachLyric(invocation, list, [&](const Lyric &lyric, Report &report) {
+        // Without a change the bytes come back, whatever they are.
+        if (const std::string refusal = refusalOfUtf16(lyric); change && !refusal.empty())
+            return report.refuse(refusal);
         RBEditSong song;
         song.buildWithLrcText(lyric.text);
-        if (!change(song, report))
+        if (change && !change(song, report))
             return;
         song.updateSongText();
         deliver({lyric, std::string(song.songText())}, report, saver);

@@ -14,8 +14,8 @@ namespace cli {
 /// Changes a document; false, with a word to the report, when it will not.
 using Change = std::function<bool(RBEditSong &song, Report &report)>;
 
-/// Runs a command that changes lyrics: reads each, applies `change`, and writes the result to standard
-/// output, over the file (--in-place), or shows what would change (--dry-run).
+/// Runs a command that changes lyrics: reads each, applies `change` if there is one, and writes the result to
+/// standard output, over the file (--in-place), or shows what would change (--dry-run).
 [[nodiscard]] Verdict transform(
     const Invocation &invocation, std::span<const std::string> operands, const Change &change);
 

@@ -9,7 +9,10 @@
 #include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
+#include <algorithm>
 #include <cstdlib>
+#include <span>
+#include <string_view>
 
 namespace {
 
@@ -19,21 +22,31 @@ struct CommandLine
     desk::LyricSearch::Settings search;
 };
 
-CommandLine readCommandLine(const QApplication &application)
+/// Without a display the toolkit ends the program with a dump of its memory, and says what only programmers
+/// know.
+bool hasDisplay(std::span<char *const> arguments)
+{
+    const auto choosesPlatform
+        = [](std::string_view argument) { return argument == "-platform" || argument == "--platform"; };
+    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || !qEnvironmentVariableIsEmpty("DISPLAY")
+        || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || std::ranges::any_of(arguments, choosesPlatform);
+}
+
+CommandLine readCommandLine(const QCoreApplication &application)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QApplication::translate("main", "Writes time-synchronised lyrics into your songs."));
+        QCoreApplication::translate("main", "Writes time-synchronised lyrics into your songs."));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("song"),
-        QApplication::translate("main", "The song to open; without one, the demonstration song."),
+        QCoreApplication::translate("main", "The song to open; without one, the demonstration song."),
         QStringLiteral("[song]"));
     const QCommandLineOption service(QStringLiteral("lyric-service"),
-        QApplication::translate("main",
+        QCoreApplication::translate("main",
             "Search for lyrics at <address>, which answers as lrclib.net does: https, or http on this "
             "computer."),
-        QApplication::translate("main", "address"));
+        QCoreApplication::translate("main", "address"));
     parser.addOption(service);
     parser.process(application);
 
@@ -55,9 +68,18 @@ CommandLine readCommandLine(const QApplication &application)
 
 int main(int argc, char *argv[])
 {
+    QCoreApplication::setApplicationName(QStringLiteral("lyricdesk"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TQLRC_VERSION));
+    if (!hasDisplay({argv, std::size_t(argc)})) {
+        QCoreApplication application(argc, argv);
+        desk::installTranslations(application);
+        readCommandLine(application);
+        QTextStream(stderr)
+            << "lyricdesk: there is no display to open a window on; start it within a desktop, "
+               "or set DISPLAY or WAYLAND_DISPLAY\n";
+        return EXIT_FAILURE;
+    }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("lyricdesk"));
-    QApplication::setApplicationVersion(QStringLiteral(TQLRC_VERSION));
     desk::installTranslations(application);
     const auto [songs, search] = readCommandLine(application);
     if (songs.size() > 1) {

@@ -265,7 +265,50 @@ class Saving(Folder):
         self.assertEqual(stat.S_IMODE((self.folder / "a.srt").stat().st_mode), 0o640)
 
 
+class Completion(Folder):
+    def offered(self, *words):
+        """What bash offers for the last of the words, in the test's folder."""
+        script = 'source "$0"; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _lrctool; printf "%s\\n" "${COMPREPLY[@]}"'
+        done = subprocess.run(["bash", "-c", script, PROJECT / "src/cli/completions/lrctool.bash", "lrctool", *words],
+                              cwd=self.folder, capture_output=True, text=True, check=True, timeout=500)
+        return done.stdout.split()
+
+    def test_audio_options_offer_audio_alone(self):
+        for name in ("a.lrc", "a.mp3", "b.WV", "c.txt"):
+            self.write(name, b"")
+        self.assertEqual(sorted(self.offered("check", "--audio", "")), ["a.mp3", "b.WV"])
+        self.assertEqual(sorted(self.offered("check", "--audio", "=", "a")), ["a.mp3"])
+        self.assertEqual(sorted(self.offered("check", "")), ["a.lrc", "c.txt"])
+        self.assertEqual(sorted(self.offered("embed", "")), ["a.lrc", "a.mp3", "b.WV"])
+
+    def test_a_value_behind_an_equals_sign_is_completed(self):
+        # bash takes the sign for a word of its own.
+        self.assertEqual(self.offered("convert", "--to", "=", "s"), ["srt"])
+        self.assertEqual(self.offered("convert", "--to", "="), self.offered("convert", "--to", ""))
+
+
+class Pages(Folder):
+    def test_the_limit_of_an_audio_file_is_the_one_that_is_told(self):
+        path = self.folder / "large.mp3"
+        shutil.copy(SONG, path)
+        os.truncate(path, (2 << 30) + 1)
+        self.assertIn(b"larger than 2 GiB", run("extract", path)[2])
+        manual = (PROJECT / "docs" / "lrctool.1").read_text(encoding="utf-8")
+        self.assertIn("An audio file that is saved has at most 2 GiB.", manual)
+
+    def test_who_writes_files_is_told(self):
+        manual = (PROJECT / "docs" / "lrctool.1").read_text(encoding="utf-8").replace("\\", "")
+        for words in ("--in-place", "--output", "--into", "embed", "extract --beside", "fields --equal", "--clear"):
+            self.assertIn(words, manual.split(".SH COMMANDS")[0])
+
+
 class Readme(Folder):
+    def test_the_formats_that_open_are_named(self):
+        text = (PROJECT / "README.md").read_text(encoding="utf-8")
+        named = re.search(r"^Songs are opened .*?: ([^.]*)\.", text, re.MULTILINE | re.DOTALL)[1]
+        self.assertEqual(re.split(r",\s+|\s+and\s+", named),
+                         "mp3 flac m4a ogg opus spx wav aiff aac wma ape wv mpc".split())
+
     def test_the_transcript_is_what_happens(self):
         text = (PROJECT / "README.md").read_text(encoding="utf-8")
         calls = re.findall(r"^\$ (.*)\n((?:(?!\$ ).*\n)*)", text.split("```console\n")[1].split("```")[0], re.MULTILINE)
@@ -311,6 +354,16 @@ class Audio(Folder):
         status, out, err = run("extract", self.song)
         self.assertEqual((status, out), (1, b""))
         self.assertIn(b"no lyric", err)
+
+    def test_an_unsure_guess_is_not_put_in(self):
+        before = self.song.read_bytes()
+        path = self.write("a.lrc", "[00:01.00]Привет, как дела\n".encode("cp1251"))
+        status, _, err = run("embed", "-g", self.song, path)
+        self.assertEqual(status, 1)
+        self.assertIn(b"too unsure to write over a file", err)
+        self.assertEqual(self.song.read_bytes(), before)
+        self.assertEqual(run("embed", "-e", "cp1251", self.song, path), (0, b"", b""))
+        self.assertEqual(run("extract", self.song)[1].decode(), "[00:01.00]Привет, как дела\n")
 
     def fields(self):
         answer = json.loads(run("fields", "--json", self.song)[1])
@@ -367,11 +420,15 @@ class Audio(Folder):
         self.assertEqual((inner / "c.mp3").read_bytes(), untouched)
         self.assertEqual(run("embed", "--beside", inner / "c.mp3")[0], 1, "a song that is named has to have one")
 
-        status, _, err = run("extract", "--beside", inner)
-        self.assertEqual(status, 1)
-        self.assertEqual(err.count(b"--force writes over it"), 2)
+        self.assertEqual(run("extract", "--beside", inner), (0, b"", b""), "what is there already is the same")
         self.assertIn(b"twinkle", (inner / "c.lrc").read_bytes().lower())
         (inner / "a.lrc").write_bytes(b"older")
+        answers = [json.loads(line) for line in run("extract", "--beside", "--force", "--json", "--dry-run", inner)[1].splitlines()]
+        self.assertEqual([answer["written"] for answer in answers], [False] * 3)
+        status, _, err = run("extract", "--beside", inner)
+        self.assertEqual(status, 1)
+        self.assertEqual(err.count(b"--force writes over it"), 1)
+        self.assertEqual((inner / "a.lrc").read_bytes(), b"older")
         self.assertEqual(run("extract", "--beside", "--force", inner)[0], 0)
         self.assertEqual((inner / "a.lrc").read_bytes(), b"[00:01.00]of a\n")
         self.assertEqual(run("extract", inner)[0], 2, "several lyrics on standard output")
@@ -387,6 +444,22 @@ class Audio(Folder):
             self.assertIn(b"[past-audio-end]", out)
         self.assertEqual(run("check", "--audio", self.song, path, path)[0], 2)
         self.assertEqual(run("check", "--audio", path, path)[0], 1, "a lyric is no audio")
+
+    def test_a_lyric_that_cannot_be_compared_is_told(self):
+        alone = self.write("alone.lrc", b"[00:01.00]a\n[00:02.00]b\n")
+        status, out, err = run("check", "--beside-audio", alone)
+        self.assertEqual((status, out), (1, b""))
+        self.assertIn(b"alone.lrc: not compared: there is no audio file", err)
+        status, out, _ = run("check", "--beside-audio", "--json", alone)
+        self.assertEqual(status, 1)
+        self.assertIn("no audio file", json.loads(out)["not_compared"])
+        self.assertEqual(run("check", "--beside-audio", self.folder), (0, b"", b""), "in a folder that is usual")
+        self.assertEqual(run("check", "--beside-audio", "-")[0], 2)
+        (self.folder / "alone.mp3").write_bytes(b"no sound")
+        status, out, err = run("check", "--beside-audio", "--json", self.folder)
+        self.assertEqual(status, 1)
+        self.assertIn("alone.mp3", json.loads(out)["not_compared"])
+        self.assertIn(b"alone.mp3", err)
 
     def test_what_is_no_audio_is_refused(self):
         path = self.write("x.mp3", b"no sound")

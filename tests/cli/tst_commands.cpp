@@ -61,6 +61,60 @@ TEST(Cat, SaysTheGuess)
     EXPECT_EQ(plain.out, "走廊");
 }
 
+namespace {
+
+// "[00:01.00]Привет, как дела" in windows-1251, which is none of those that are guessed.
+const std::string kCyrillic = "[00:01.00]\xCF\xF0\xE8\xE2\xE5\xF2, \xEA\xE0\xEA \xE4\xE5\xEB\xE0\n";
+
+std::string inUtf16(std::string_view ascii)
+{
+    std::string out = "\xFF\xFE";
+    for (const char c : ascii)
+        out.append(1, c).append(1, '\0');
+    return out;
+}
+
+} // namespace
+
+TEST(Guess, IsShownButWritesOverNothingWhenItIsUnsure)
+{
+    const Folder folder;
+    const std::string file = folder.write("a.lrc", kCyrillic);
+    EXPECT_THAT(run({"cat", "-g", file}).err, HasSubstr("which is a guess ("));
+    for (const std::vector<std::string> &call :
+        {std::vector<std::string>{"cat", "-g", "-i", file}, {"shift", "1s", "-g", "-i", "-n", file},
+            {"convert", "--to=lrc", "-g", "--force", "-o", file, file}}) {
+        const Ran ran = run(call);
+        EXPECT_EQ(ran.status, 1) << call.front();
+        EXPECT_THAT(ran.err, testing::AllOf(HasSubstr("too unsure"), HasSubstr("--encoding")))
+            << call.front();
+        EXPECT_EQ(ran.out, "") << call.front();
+    }
+    EXPECT_EQ(folder.read("a.lrc"), kCyrillic);
+    EXPECT_EQ(run({"cat", "-e", "windows-1251", "-i", file}).status, 0);
+    EXPECT_EQ(folder.read("a.lrc"), "[00:01.00]Привет, как дела\n");
+}
+
+TEST(Guess, OfUtf16IsSureAndWithoutItNothingIsDone)
+{
+    const Folder folder;
+    const std::string text = inUtf16("[00:01.00]a\r\n[00:02.00]b\r\n");
+    const std::string file = folder.write("a.lrc", text);
+    for (const std::vector<std::string> &call : {std::vector<std::string>{"shift", "1s", "-i", file},
+             {"format", "-i", file}, {"convert", "--to", "text", file}}) {
+        const Ran ran = run(call);
+        EXPECT_EQ(ran.status, 1) << call.front();
+        EXPECT_THAT(ran.err, testing::AllOf(HasSubstr("looks like UTF-16"), HasSubstr("--guess-encoding")));
+        EXPECT_EQ(ran.out, "") << call.front();
+    }
+    EXPECT_THAT(run({"shift", "1s"}, text.substr(2)).err, HasSubstr("looks like UTF-16"))
+        << "without a mark, too";
+    EXPECT_EQ(run({"cat", file}).out, text) << "the same bytes, whatever they are";
+    EXPECT_EQ(folder.read("a.lrc"), text);
+    EXPECT_EQ(run({"shift", "1s", "-g", "-i", file}).status, 0);
+    EXPECT_EQ(folder.read("a.lrc"), "[00:02.00]a\r\n[00:03.00]b\r\n");
+}
+
 TEST(Dump, IsExactlyTheDocument)
 {
     const Ran ran = run({"dump", "--json"},
@@ -109,6 +163,21 @@ TEST(Shift, MovesTimesAndSaysWhatStopsAtZero)
     EXPECT_EQ(run({"shift", "-2s", "-q"}, "[00:01.20]a\n").err, "");
     EXPECT_EQ(run({"shift", "2"}, "").status, 2);
     EXPECT_EQ(run({"shift"}, "").status, 2);
+}
+
+TEST(Shift, WritesATimeThatChangesAnewAndNoOther)
+{
+    const std::string text = "[1:02.3]a\n[3:00]b\n";
+    EXPECT_EQ(run({"shift", "1s"}, text).out, "[01:03.30]a\n[03:01.00]b\n");
+    EXPECT_EQ(run({"shift", "5ms"}, text).out, "[01:02.305]a\n[03:00.005]b\n");
+    EXPECT_EQ(run({"shift", "0s"}, text).out, text);
+    EXPECT_EQ(
+        run({"stretch", "-a", "3:00.0=3:00.0", "-a", "1:02.3=1:02.4"}, text).out, "[01:02.40]a\n[3:00]b\n");
+    EXPECT_EQ(run({"collapse"}, "[1:02.3]a\n[3:00]a\n").out, "[1:02.3][03:00.00]a\n");
+    for (const char *name : {"shift", "stretch", "collapse"}) {
+        const std::string help = run({name, "--help"}).out;
+        EXPECT_THAT(help, testing::AllOf(HasSubstr("written anew"), HasSubstr("[01:02.305]"))) << name;
+    }
 }
 
 TEST(Stretch, NeedsAnAnchor)
@@ -347,6 +416,9 @@ TEST(Help, TeachesEachCommand)
         EXPECT_THAT(ran.out, HasSubstr(std::string("  lrctool ") + name + " "));
         EXPECT_EQ(run({"help", name}).out, ran.out);
     }
+    for (const char *writer : {"--in-place", "--output", "--into", "'embed'", "'extract --beside'",
+             "'fields --equal'", "'--clear'"})
+        EXPECT_THAT(general.out, HasSubstr(writer));
     EXPECT_EQ(run({}).status, 2);
     EXPECT_EQ(run({"chekc"}).status, 2);
     EXPECT_THAT(run({"chekc"}).err, HasSubstr("'check'"));

@@ -51,6 +51,24 @@ TEST(Srt, IsReadHoweverItIsWritten)
         "[00:01.20]one\n[00:01.20]two\n[00:03.00]three <3 4\n[00:04.50]\n[60:00.50]42\n[60:01.00]\n");
 }
 
+TEST(Srt, WhatPlayersTakeForMarksIsTold)
+{
+    const Ran ran = run({"convert", "--to", "srt"},
+        "[00:01.00]<bad>word\n[00:02.00]{\\an8}up\n[00:03.00]1 < 2 > {x}\n[00:04.00]a<b>c</b>\n");
+    EXPECT_THAT(ran.err, HasSubstr("standard input:1: <…> or {\\…} in it is taken for a mark"));
+    EXPECT_THAT(ran.err, testing::AllOf(HasSubstr("input:2:"), HasSubstr("input:4:")));
+    EXPECT_THAT(ran.err, testing::Not(HasSubstr("input:3:"))) << "no reader takes that for a mark";
+    EXPECT_THAT(ran.out, testing::AllOf(HasSubstr("\n<bad>word\n"), HasSubstr("\n{\\an8}up\n")));
+}
+
+TEST(Srt, ALineEndsWhereItsRangeDoes)
+{
+    const std::string ranges = "[00:01.20-00:02.30]a\n [00:20.00] [00:04.00-00:05.00]b\n[00:09.00]c\n";
+    EXPECT_EQ(convert("srt", ranges),
+        "1\n00:00:01,200 --> 00:00:02,300\na\n\n2\n00:00:04,000 --> 00:00:05,000\nb\n\n"
+        "3\n00:00:09,000 --> 00:00:20,000\nc\n\n4\n00:00:20,000 --> 00:00:25,000\nb\n\n");
+}
+
 TEST(Srt, ALineThatIsShownIntoTheNextIsTold)
 {
     const Ran ran = run({"convert", "--to", "lrc"},
@@ -104,6 +122,30 @@ TEST(Ass, FieldsStandWhereTheFormatSays)
         "[00:01.00]one, two\n[00:01.00]three\n[00:02.00]\n");
 }
 
+TEST(Ass, DrawingsAreNoWords)
+{
+    const Ran ran = run({"convert", "--to", "lrc", "--from", "ass"},
+        "[Events]\n"
+        "Dialogue: 0,0:00:01.00,0:00:03.00,,,0,0,0,,{\\p1}m 0 0 l 1 1{\\p0}\n"
+        "Dialogue: 0,0:00:02.00,0:00:03.00,,,0,0,0,,{\\pos(1,2)}word {\\p2\\pbo3}m 0 0{\\p0}more\n");
+    EXPECT_EQ(ran.out, "[00:02.00]word more\n[00:03.00]\n");
+    EXPECT_THAT(ran.err,
+        testing::AllOf(HasSubstr("input:2: marks of style or place, and drawings"), HasSubstr("input:3:")));
+}
+
+TEST(Ttml, KeepsBlanksThatCount)
+{
+    for (const char *song : {"[00:01.00]a  b\n[00:02.00]c d\n[00:07.00]\n", "[00:01.00]a\tb\n[00:06.00]\n",
+             "[00:01.00]a  <00:01.50> b<00:02.00>\n[00:02.00]\n"})
+        EXPECT_EQ(convert("enhanced", convert("ttml", song)), song);
+    EXPECT_THAT(convert("ttml", "[00:01.00]a b\n"), testing::Not(HasSubstr("xml:space")));
+    EXPECT_EQ(convert("lrc",
+                  "<tt xml:space='preserve'><p begin='1s' end='2s'>\n    a  b\n    c</p>"
+                  "<p begin='2s' end='3s' xml:space='default'>d  e</p></tt>"),
+        "[00:01.00]a  b c\n[00:02.00]d e\n[00:03.00]\n")
+        << "how a file is indented is no part of its lines";
+}
+
 TEST(Ttml, IsReadBack)
 {
     const std::string ttml = convert("ttml", kSong);
@@ -133,6 +175,13 @@ TEST(Text, KeepsTheWordsAlone)
     EXPECT_EQ(convert("lrc", "one\n\n two\n", "text"), "one\n\ntwo\n");
 }
 
+TEST(Text, HasTheOrderThatExpandGives)
+{
+    const std::string song = "[00:10.00][00:01.00]A\nuntimed\n[00:05.00]B\n";
+    EXPECT_EQ(run({"expand"}, song).out, "[00:01.00]A\nuntimed\n[00:05.00]B\n[00:10.00]A\n");
+    EXPECT_EQ(convert("text", song), "A\nuntimed\nB\nA\n");
+}
+
 TEST(Repeats, AreShownEachTimeWithTheirWordsMovedAlong)
 {
     EXPECT_EQ(convert("vtt", "[00:40.00][00:10.00]a <00:11.00>b<00:12.00>\n[00:20.00]c\n"),
@@ -155,6 +204,14 @@ TEST(Convert, RefusesWhatHasNothingToShow)
     const Ran wrong = run({"convert", "--to", "lrc", "--from", "srt"}, "[00:01.00]a\n");
     EXPECT_EQ(wrong.status, 1);
     EXPECT_THAT(wrong.err, HasSubstr("nothing in it can be read as srt"));
+    EXPECT_EQ(std::count(wrong.err.begin(), wrong.err.end(), '\n'), 1) << "said once, not line by line";
+    const Ran both = run({"convert", "--to", "vtt", "--from", "srt"}, "[00:01.00]a\n[00:02.00]b\n");
+    EXPECT_EQ(both.err,
+        "lrctool: standard input: nothing in it can be read as srt; name its format with --from, or "
+        "its encoding with --encoding.\n");
+    const Ran wordless = run({"convert", "--to", "srt"}, "[00:02.00]\n");
+    EXPECT_EQ(wordless.status, 1);
+    EXPECT_THAT(wordless.err, HasSubstr("no line that has a time has words"));
     EXPECT_EQ(run({"convert"}, "x").status, 2);
     EXPECT_EQ(run({"convert", "--to", "mp3"}, "x").status, 2);
 }
@@ -178,6 +235,27 @@ TEST(Convert, WritesFilesAndOverNoneUnasked)
     EXPECT_EQ(run({"convert", "--to", "vtt", a, a}).status, 2);
     EXPECT_EQ(run({"convert", "--to", "vtt", "--into", folder / "out", "--force", a, a}).status, 2)
         << "one name";
+}
+
+TEST(Convert, WhatIsRefusedLeavesNoFile)
+{
+    const Folder folder;
+    EXPECT_EQ(run({"convert", "--from", "srt", "-o", folder / "x.lrc", "-"}, "[00:01.00]a\n").status, 1);
+    EXPECT_EQ(folder.count(), 0U);
+}
+
+TEST(Convert, AFolderThatIsMissingIsNamed)
+{
+    const Folder folder;
+    const std::string none = folder / "none";
+    for (const std::vector<std::string> &target : {std::vector<std::string>{"--into", none},
+             {"--output", none + "/x.srt"}, {"--into", none, "--dry-run"}}) {
+        std::vector<std::string> call = {"convert", "--to", "srt", folder.write("x.lrc", "[00:01.00]a\n")};
+        call.insert(call.end(), target.begin(), target.end());
+        const Ran ran = run(call);
+        EXPECT_EQ(ran.status, 1);
+        EXPECT_EQ(ran.err, "lrctool: " + none + ": there is no such folder; make it first.\n");
+    }
 }
 
 TEST(Convert, TellsLossesInJson)

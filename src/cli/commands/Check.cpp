@@ -18,7 +18,9 @@ a word for the kind. Nothing is changed. Errors and warnings make the exit statu
 1; hints alone do not. A file without a finding is passed over in silence.
 
 With --audio, lines that are sung after the end of the audio are told, too. The
-length is what the file's headers say.
+length is what the file's headers say. With --beside-audio, an audio file that tells
+none, and a lyric that was named and has no song beside it, are refused; in a folder
+a lyric without a song is only checked in itself.
 )";
 constexpr std::string_view kExamples = R"(  lrctool check song.lrc
 
@@ -42,19 +44,28 @@ void addPastEnd(std::vector<lyrics::Issue> &issues, std::string_view text, std::
     std::ranges::stable_sort(issues, {}, &lyrics::Issue::line);
 }
 
-void compareWithAudioBeside(std::vector<lyrics::Issue> &issues, std::string_view text, Report &report)
+/// Adds what the audio file beside the lyric tells. \return why it could not, as a sentence; empty when it
+/// did.
+std::string compareWithAudioBeside(std::vector<lyrics::Issue> &issues, std::string_view text, Report &report)
 {
     const std::string path = audioBeside(report.input().path);
-    if (path.empty())
-        return;
+    if (path.empty()) {
+        const std::string reason = "not compared: there is no audio file of the same name beside it.";
+        if (!report.input().isFound)
+            report.refuse(reason);
+        return reason;
+    }
     const AudioLength audio = lengthOfAudio(path);
-    if (audio.refusal.empty())
+    if (audio.refusal.empty()) {
         addPastEnd(issues, text, audio.millis);
-    else
-        report.remark("not compared with " + path + ": " + audio.refusal);
+        return {};
+    }
+    const std::string reason = "not compared with " + path + ": " + audio.refusal;
+    report.refuse(reason);
+    return reason;
 }
 
-void tell(const std::vector<lyrics::Issue> &issues, Report &report)
+void tell(const std::vector<lyrics::Issue> &issues, const std::string &notCompared, Report &report)
 {
     const bool isFinding = std::ranges::any_of(
         issues, [](const lyrics::Issue &issue) { return issue.severity != lyrics::IssueSeverity::Hint; });
@@ -64,6 +75,8 @@ void tell(const std::vector<lyrics::Issue> &issues, Report &report)
         JsonWriter json = report.beginJson();
         json.key("issues");
         addIssues(json, issues);
+        if (!notCompared.empty())
+            json.key("not_compared").string(notCompared);
         report.endJson(json);
         return;
     }
@@ -74,7 +87,10 @@ void tell(const std::vector<lyrics::Issue> &issues, Report &report)
 
 Verdict run(const Invocation &invocation)
 {
-    const InputList list = findInputs(invocation, invocation.operands(), kLyricEndings);
+    InputList list = findInputs(invocation, invocation.operands(), kLyricEndings);
+    const bool hasInput = std::ranges::any_of(list.inputs, &Input::isStandardInput);
+    if (hasInput && invocation.has(Option::BesideAudio))
+        list.wrongUse = "Standard input has nothing beside it; --audio FILE names the song.";
     AudioLength audio;
     if (invocation.has(Option::Audio)) {
         const std::string path(invocation.value(Option::Audio));
@@ -88,11 +104,12 @@ Verdict run(const Invocation &invocation)
     }
     return forEachLyric(invocation, list, [&audio](const Lyric &lyric, Report &report) {
         std::vector<lyrics::Issue> issues = lyrics::issuesOf(lyric.text);
+        std::string notCompared;
         if (audio.millis > 0)
             addPastEnd(issues, lyric.text, audio.millis);
         else if (report.invocation().has(Option::BesideAudio))
-            compareWithAudioBeside(issues, lyric.text, report);
-        tell(issues, report);
+            notCompared = compareWithAudioBeside(issues, lyric.text, report);
+        tell(issues, notCompared, report);
     });
 }
 

@@ -7,6 +7,8 @@
 #include "lyrics/Blanks.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <optional>
 #include <vector>
 
 namespace cli {
@@ -23,9 +25,10 @@ of the source: tags, word stamps, untimed lines, marks of style. The lines of on
 subtitle become lines of one time, as originals and translations are written. From
 lrc to lrc or enhanced only the word stamps are touched.
 
-The lines of a lyric have no ends: in a subtitle each is shown until the next
-begins, the last one for five seconds. The other way round, a subtitle that ends
-before the next one begins is followed by an empty line at that time.
+The lines of a lyric have no ends, but for ranges such as [00:01.20-00:02.30]: in a
+subtitle each other line is shown until the next begins, the last one for five
+seconds. The other way round, a subtitle that ends before the next one begins is
+followed by an empty line at that time.
 )";
 constexpr std::string_view kExamples = R"(  lrctool convert --to srt song.lrc > song.srt
   lrctool convert --to lrc --output song.lrc song.ass
@@ -63,8 +66,25 @@ const LyricFormat &sourceFormat(const Task &task, const Input &input, std::strin
     return byName ? *byName : formatOfText(text);
 }
 
-/// The text in the target; empty, with a refusal, when there is nothing to show there.
-std::string converted(const Task &task, std::string_view text, Losses &losses, Report &report)
+/// Why the target has nothing to show; empty when it has something.
+std::string refusalOf(const Task &task, const LyricFormat &from, const Sheet &sheet)
+{
+    const auto hasTime = [](const SheetLine &line) { return line.start.has_value(); };
+    const auto isShown
+        = [](const SheetLine &line) { return line.start && !lyrics::trimmed(line.text()).empty(); };
+    if (!isLrc(from) && from.needsTimes && sheet.lines.empty())
+        return "nothing in it can be read as " + std::string(from.name)
+            + "; name its format with --from, or its encoding with --encoding.";
+    if (!task.to->needsTimes || std::ranges::any_of(sheet.lines, isShown))
+        return {};
+    const std::string nothing = ", so " + std::string(task.to->name) + " has nothing to show";
+    return std::ranges::any_of(sheet.lines, hasTime)
+        ? "no line that has a time has words" + nothing + "."
+        : "no line of it has a time" + nothing + "; stamp it first.";
+}
+
+/// The text in the target; absent, with a refusal, when there is nothing to show there.
+std::optional<std::string> converted(const Task &task, std::string_view text, Losses &losses, Report &report)
 {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     const LyricFormat &from = sourceFormat(task, report.input(), text);
@@ -73,17 +93,9 @@ std::string converted(const Task &task, std::string_view text, Losses &losses, R
     if (text.starts_with(kMark) && !isLrc(from))
         text.remove_prefix(kMark.size());
     const Sheet sheet = from.read(text, losses);
-    const auto isShown
-        = [](const SheetLine &line) { return line.start && !lyrics::trimmed(line.text()).empty(); };
-    if (task.to->needsTimes && std::ranges::none_of(sheet.lines, isShown)) {
-        report.refuse("no line of it has a time, so " + std::string(task.to->name)
-            + " has nothing to show; stamp it first.");
-        return {};
-    }
-    if (!isLrc(from) && from.needsTimes && sheet.lines.empty()) {
-        report.refuse(
-            "nothing in it can be read as " + std::string(from.name) + "; name its format with --from.");
-        return {};
+    if (const std::string refusal = refusalOf(task, from, sheet); !refusal.empty()) {
+        report.refuse(refusal);
+        return std::nullopt;
     }
     return task.to->write(sheet, losses);
 }
@@ -125,9 +137,11 @@ void writeJson(const std::string &text, const Losses &losses, Report &report)
 
 void convert(const Task &task, const Lyric &lyric, Report &report, Saver &saver)
 {
+    if (const std::string refusal = refusalOfUtf16(lyric); !refusal.empty())
+        return report.refuse(refusal);
     Losses losses;
-    const std::string text = converted(task, lyric.text, losses, report);
-    if (text.empty() && !lyric.text.empty() && task.to->needsTimes)
+    const std::optional<std::string> text = converted(task, lyric.text, losses, report);
+    if (!text)
         return;
     std::vector<Losses::Loss> said = losses.all();
     std::ranges::stable_sort(said, {}, &Losses::Loss::source);
@@ -138,11 +152,11 @@ void convert(const Task &task, const Lyric &lyric, Report &report, Saver &saver)
             report.remarkAt(loss.source, loss.sentence);
     }
     if (isFile)
-        save(task, text, report, saver);
+        save(task, *text, report, saver);
     if (isJson)
-        writeJson(text, losses, report);
+        writeJson(*text, losses, report);
     else if (!isFile)
-        report.out() += text;
+        report.out() += *text;
 }
 
 /// What is wrong with the call; empty when nothing is.
@@ -180,6 +194,15 @@ std::string clashOf(const Task &task, const InputList &list)
     return clash == paths.end() ? std::string() : "Two of the files would both be written to " + *clash + ".";
 }
 
+/// The folder that results would be written into; empty when that is there, or is the current one.
+std::string missingFolder(const Task &task)
+{
+    const std::string folder
+        = task.into.empty() ? std::filesystem::path(task.output).parent_path().string() : task.into;
+    std::error_code unknown;
+    return folder.empty() || std::filesystem::is_directory(folder, unknown) ? std::string() : folder;
+}
+
 Verdict run(const Invocation &invocation)
 {
     InputList list = findInputs(invocation, invocation.operands(), kEndings);
@@ -192,6 +215,10 @@ Verdict run(const Invocation &invocation)
     list.wrongUse = faultOf(invocation, list, task);
     if (list.wrongUse.empty())
         list.wrongUse = clashOf(task, list);
+    if (const std::string folder = missingFolder(task); list.wrongUse.empty() && !folder.empty()) {
+        complain(invocation.around(), folder + ": there is no such folder; make it first.");
+        return Verdict::Findings;
+    }
     Saver saver;
     return forEachLyric(
         invocation, list, [&](const Lyric &lyric, Report &report) { convert(task, lyric, report, saver); });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/AudioFields.h"
 #include "cli/Commands.h"
+#include "cli/ReadFile.h"
 #include "cli/Run.h"
 #include "cli/Saver.h"
 
@@ -13,7 +14,7 @@ the file's tags. Which field that is, 'fields' tells; --field chooses another.
 
 --beside writes it to the .lrc file of the same name beside the song instead, for a
 folder at once if you like. A song without a lyric in a folder is passed over, and
-a file that is there is left alone without --force.
+a file that is there and differs is left alone without --force.
 )";
 constexpr std::string_view kExamples = R"(  lrctool extract song.mp3 > song.lrc
   lrctool extract song.mp3 | lrctool check
@@ -49,18 +50,20 @@ void writeBeside(const std::string &text, Saver &saver, Report &report)
     const std::string path = lyricPathBeside(report.input().path);
     const bool isJson = report.invocation().has(Option::Json);
     const bool isDry = report.invocation().has(Option::DryRun);
-    if (!isDry) {
+    const FileText old = readFile(path);
+    const bool isSame = old.ok() && old.bytes == text;
+    if (!isDry && !isSame) {
         const SaveAnswer answer = saver.create(path, text, report.invocation().has(Option::Force));
         if (!answer.ok())
             return report.refuse(path, answer.refusal);
         if (!answer.remark.empty())
             report.remark(path, answer.remark);
-    } else if (!isJson) {
-        report.remark("would be written to " + path + ".");
+    } else if (isDry && !isJson) {
+        report.remark(isSame ? "nothing would change." : "would be written to " + path + ".");
     }
     if (isJson) {
         JsonWriter json = report.beginJson();
-        json.key("lyric").string(path).key("written").boolean(!isDry);
+        json.key("lyric").string(path).key("written").boolean(!isDry && !isSame);
         report.endJson(json);
     }
 }

@@ -18,7 +18,8 @@ constexpr std::string_view kExpandExamples = R"(  # [00:10.00][00:40.00]chorus b
 constexpr std::string_view kCollapseDescription
     = R"(Makes lines of equal words one line that has the times of all of them, where the
 first of them stood. Only timed lines with words take part; a line that untimed
-text follows stays where it is.
+text follows stays where it is. A time that joins another line is written anew,
+[01:02.30] or [01:02.305]; those that stood there keep their spelling.
 )";
 constexpr std::string_view kCollapseExamples
     = R"(  # a chorus sung three times becomes one line with three times

@@ -12,8 +12,8 @@ namespace {
 constexpr std::string_view kDescription
     = R"(Moves every time of a lyric by AMOUNT, word stamps and ends of ranges included. A
 plus (or nothing) is later, a minus earlier. AMOUNT is 500ms, 0.5s or 0:01.50. A
-time that would fall below zero stops there, and is told. The spelling of each
-time stays: two digits of fraction or three, [1:02.3] or [01:02.30].
+time that would fall below zero stops there, and is told. A time that changes is
+written anew: [01:02.30], or [01:02.305] where it is no whole hundredth.
 )";
 constexpr std::string_view kExamples = R"(  # half a second later, shown; then over the file
   lrctool shift +0.5s song.lrc

@@ -16,7 +16,8 @@ constexpr std::string_view kDescription
 follow evenly, and before the first and after the last as between the nearest
 two. That is what a lyric needs that was made for another recording: it drifts.
 Anchors are times of the lyric as it is: 0:12.00=0:12.50, or 12s=12.5s. One
-anchor alone is a shift.
+anchor alone is a shift. A time that changes is written anew: [01:02.30], or
+[01:02.305] where it is no whole hundredth; the others keep their spelling.
 )";
 constexpr std::string_view kExamples = R"(  # the first line is half a second late, the last one two seconds
   lrctool stretch -a 0:12.00=0:12.50 -a 3:40.00=3:42.00 song.lrc

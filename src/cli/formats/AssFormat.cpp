@@ -63,6 +63,20 @@ std::optional<std::int64_t> karaokeMillis(std::string_view block)
     return std::nullopt;
 }
 
+/// Whether what stands behind an override block is a drawing, `\p1` and above; absent when the block says
+/// nothing of it.
+std::optional<bool> startsDrawing(std::string_view block)
+{
+    std::optional<bool> starts;
+    for (std::size_t at = block.find("\\p"); at != std::string_view::npos; at = block.find("\\p", at + 1)) {
+        const std::string_view scale = block.substr(at + 2);
+        // The place \pos and the border \pbo are others.
+        if (!scale.empty() && scale[0] >= '0' && scale[0] <= '9')
+            starts = scale[0] != '0';
+    }
+    return starts;
+}
+
 /// Takes the text of one event apart: syllables, line breaks, marks.
 class EventReader
 {
@@ -83,7 +97,8 @@ public:
                 text.remove_prefix(2);
             } else {
                 const bool isHardBlank = text.starts_with("\\h");
-                m_line.words.back().text += isHardBlank ? "\xC2\xA0" : text.substr(0, 1);
+                if (!m_isDrawing)
+                    m_line.words.back().text += isHardBlank ? "\xC2\xA0" : text.substr(0, 1);
                 text.remove_prefix(isHardBlank ? 2 : 1);
             }
         }
@@ -96,6 +111,8 @@ private:
     {
         const auto millis = karaokeMillis(block);
         m_hadMarkup = m_hadMarkup || !millis;
+        m_isDrawing = startsDrawing(block).value_or(m_isDrawing);
+        m_hadDrawing = m_hadDrawing || m_isDrawing;
         if (!millis)
             return;
         m_line.words.push_back({m_at, {}});
@@ -106,7 +123,9 @@ private:
     {
         if (m_line.words.size() > 1 && m_line.words.front().text.empty() && !m_line.words.front().millis)
             m_line.words.erase(m_line.words.begin());
-        m_sheet.lines.push_back(m_line);
+        // A drawing alone is no line, not even an empty one.
+        if (!m_hadDrawing || !m_line.text().empty())
+            m_sheet.lines.push_back(m_line);
         m_line.words.assign(1, {});
     }
 
@@ -114,6 +133,8 @@ private:
     SheetLine m_line;
     std::int64_t m_at;
     bool m_hadMarkup = false;
+    bool m_isDrawing = false;
+    bool m_hadDrawing = false;
 };
 
 class Reader
@@ -169,7 +190,7 @@ private:
             return;
         }
         if (EventReader(m_sheet, {number, start, end, {}}).read(lyrics::trimmed(event)))
-            m_losses.add(number, "marks of style or place are left out.");
+            m_losses.add(number, "marks of style or place, and drawings, are left out.");
     }
 
     Losses &m_losses;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "cli/LineDiff.h"
 #include "cli/LineView.h"
 #include "cli/TimeText.h"
 #include "cli/formats/Formats.h"
@@ -9,8 +10,11 @@
 #include "lyrics/WordStamps.h"
 
 #include <algorithm>
+#include <functional>
+#include <map>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace cli {
 namespace {
@@ -39,6 +43,26 @@ std::vector<SheetWord> wordsOf(const RBSongLine &line)
     return words;
 }
 
+/// When the ranges end that a physical line begins with, `[from-to]`, by their starts.
+std::map<std::int64_t, std::int64_t> rangeEnds(std::string_view physicalLine)
+{
+    std::map<std::int64_t, std::int64_t> ends;
+    for (std::string_view rest = lyrics::trimmed(physicalLine); rest.starts_with('[');) {
+        const std::size_t close = std::min(rest.find(']'), rest.size() - 1);
+        std::string_view inner = lyrics::trimmed(rest.substr(1, close - 1));
+        const auto from = takeClockTime(inner);
+        if (!from)
+            break;
+        if (inner.starts_with('-')) {
+            inner.remove_prefix(1);
+            if (const auto to = takeClockTime(inner); to && inner.empty())
+                ends.emplace(*from, *to);
+        }
+        rest = lyrics::trimmed(rest.substr(close + 1));
+    }
+    return ends;
+}
+
 /// A stamp behind the last word is when the line ends, and no word.
 void takeLineEnd(SheetLine &line)
 {
@@ -60,10 +84,12 @@ public:
         RBEditSong song;
         song.buildWithLrcText(text);
         const std::vector<std::size_t> starts = song.physicalLineStarts();
+        const std::vector<std::string_view> lines = physicalLines(text);
         std::size_t physical = 0;
         for (std::size_t row = 0; row < song.aryLines().size(); ++row) {
             while (physical < starts.size() && starts[physical] <= row)
                 ++physical;
+            m_ends = rangeEnds(lines[physical - 1]);
             addLine(std::as_const(song).aryLines()[row], physical);
         }
         sortLines(m_sheet);
@@ -92,9 +118,14 @@ private:
             plain.words, [](const SheetWord &word) { return word.millis.has_value(); });
         if (stamped != plain.words.end())
             base = near(stampedTime(line, *stamped->millis), plain.source);
-        for (const std::int64_t time : line.aryTimes()) {
+        // The earliest comes last: untimed lines that follow stay with it, as where repeats are expanded.
+        std::vector<std::int64_t> times(line.aryTimes().begin(), line.aryTimes().end());
+        std::ranges::sort(times, std::greater());
+        for (const std::int64_t time : times) {
             SheetLine &sung = m_sheet.lines.emplace_back(plain);
             sung.start = near(time, plain.source);
+            if (const auto end = m_ends.find(time); end != m_ends.end())
+                sung.end = near(end->second, plain.source);
             for (SheetWord &word : sung.words) {
                 if (word.millis)
                     word.millis = near(*word.millis, plain.source) + (*sung.start - base);
@@ -125,6 +156,7 @@ private:
 
     Losses &m_losses;
     Sheet m_sheet;
+    std::map<std::int64_t, std::int64_t> m_ends; ///< of the ranges of the line that is read
     std::size_t m_repeated = 0;
 };
 

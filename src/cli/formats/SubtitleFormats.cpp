@@ -63,7 +63,11 @@ std::string writeSrt(const Sheet &sheet, Losses &losses)
     for (const SheetLine &line : lines) {
         out += std::to_string(++number) + "\n" + clockTime(*line.start, kForm) + " --> "
             + clockTime(*line.end, kForm) + "\n";
-        out.append(lyrics::trimmed(line.text())).append("\n\n");
+        const std::string text = line.text();
+        if (readSrtText(text).hadMarkup)
+            losses.add(line.source,
+                "<…> or {\\…} in it is taken for a mark and not shown; srt has no way to spell it out.");
+        out.append(lyrics::trimmed(text)).append("\n\n");
     }
     return out;
 }

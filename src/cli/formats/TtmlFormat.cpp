@@ -90,11 +90,12 @@ public:
     }
 
 private:
-    /// An element that is open, and where its own time begins.
+    /// An element that is open, where its own time begins, and whether blanks in it count.
     struct Element
     {
         std::string_view name;
         std::int64_t offset = 0;
+        bool keepsBlanks = false;
     };
 
     [[nodiscard]] std::int64_t offset() const { return m_open.empty() ? 0 : m_open.back().offset; }
@@ -121,9 +122,16 @@ private:
         // Nothing that is meant is nested so deeply; each closing tag is looked for among those that are
         // open.
         if (token.kind == XmlToken::Kind::Open && m_open.size() < kDeepest)
-            m_open.push_back({token.name, inside});
+            m_open.push_back({token.name, inside, keepsBlanks(token)});
         else if (token.kind == XmlToken::Kind::Empty && token.name == "p")
             finishLine();
+    }
+
+    /// What `xml:space` says, or is said further out.
+    [[nodiscard]] bool keepsBlanks(const XmlToken &token) const
+    {
+        const std::string *space = token.attribute("space");
+        return space ? *space == "preserve" : !m_open.empty() && m_open.back().keepsBlanks;
     }
 
     void readRates(const XmlToken &token)
@@ -177,7 +185,7 @@ private:
         m_endsInBlank = true;
     }
 
-    /// Line ends and blanks of the file are one blank each.
+    /// Line ends of the file and the blanks round them are one blank, and other blanks too unless they count.
     void addText(std::string_view text)
     {
         if (!m_open.empty() && m_open.back().name == "title")
@@ -185,13 +193,15 @@ private:
         if (!m_isInLine)
             return;
         std::string &out = m_line.words.back().text;
+        const bool keepsBlanks = !m_open.empty() && m_open.back().keepsBlanks;
         for (const char c : text) {
-            const bool isSpace = c == ' ' || c == '\t' || c == '\n' || c == '\r';
-            if (!isSpace)
+            const bool isBreak = c == '\n' || c == '\r';
+            const bool isBlank = c == ' ' || c == '\t';
+            if (!isBreak && !isBlank)
                 out += c;
             else if (!m_endsInBlank)
-                out += ' ';
-            m_endsInBlank = isSpace;
+                out += keepsBlanks && isBlank ? c : ' ';
+            m_endsInBlank = isBreak || (isBlank && (m_endsInBlank || !keepsBlanks));
         }
     }
 
@@ -251,6 +261,13 @@ void appendWords(std::string &out, const SheetLine &line)
     }
 }
 
+/// Whether readers, who may take any blanks for one, have to be told to keep them.
+bool blanksCount(std::string_view text)
+{
+    text = lyrics::trimmed(text);
+    return text.find("  ") != std::string_view::npos || text.find('\t') != std::string_view::npos;
+}
+
 std::string write(const Sheet &sheet, Losses &losses)
 {
     noteTags(sheet, "ti", "ttml", losses);
@@ -265,7 +282,7 @@ std::string write(const Sheet &sheet, Losses &losses)
     out += "  <body>\n    <div>\n";
     for (const SheetLine &line : shownLines(sheet, losses)) {
         out += "      <p begin=\"" + clockTime(*line.start, {}) + "\" end=\"" + clockTime(*line.end, {})
-            + "\">";
+            + (blanksCount(line.text()) ? "\" xml:space=\"preserve\">" : "\">");
         appendWords(out, line);
         out += "</p>\n";
     }
