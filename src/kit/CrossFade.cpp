@@ -3,6 +3,7 @@
 
 #include "kit/Theme.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QEvent>
 #include <QtCore/QVariantAnimation>
 #include <QtGui/QPainter>
@@ -11,6 +12,17 @@
 #include <utility>
 
 namespace kit {
+
+namespace {
+
+/// The view as it will look: what has just come in has not been laid out by its contents yet.
+QPixmap pictureOf(QWidget &view)
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    return view.grab();
+}
+
+} // namespace
 
 bool CrossFade::isWanted(const QWidget *view)
 {
@@ -35,7 +47,7 @@ void CrossFade::start(QWidget *newView, const QPixmap &oldPicture, std::function
 
 CrossFade::CrossFade(QWidget *newView, const QPixmap &oldPicture, std::function<void()> finished)
     : QWidget(newView->parentWidget()), m_newView(newView), m_oldPicture(oldPicture),
-      m_newPicture(newView->grab()), m_finished(std::move(finished))
+      m_newPicture(pictureOf(*newView)), m_finished(std::move(finished))
 {
     setObjectName(QStringLiteral("crossFade"));
     setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -332,6 +332,11 @@ void TQWLRCEditorViewCtl::prPreviewClicked(QObject *sender)
     if (!isPreviewOnScreen()) {
         m_focusBeforePreview = QApplication::focusWidget();
     }
+    // The keyboard is nobody's while the preview comes: a view that hides would hand it to the next button.
+    if (const QWidget *editorView = editorViewCtl()->viewIfLoaded();
+        m_focusBeforePreview && editorView && editorView->isAncestorOf(m_focusBeforePreview)) {
+        m_focusBeforePreview->clearFocus();
+    }
     previewingCtl()->flushWithAudio_lrcText(m_audioFile, editorViewCtl()->songText());
     transitionFromViewController_toViewController_options_completionHandler(
         editorViewCtl(), previewingCtl(), kit::Transition::CrossFade, [] {});

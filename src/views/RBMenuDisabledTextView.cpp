@@ -22,6 +22,7 @@ constexpr int kFontPixels = 16;
 constexpr int kKeptLines = 40;
 // What is further away, in heights of the view, is gone to at once.
 constexpr int kFarthestGlide = 3;
+constexpr double kFarthestGlideBehind = 0.25;
 
 } // namespace
 
@@ -180,13 +181,17 @@ int RBMenuDisabledTextView::valueForSelection() const
 
 void RBMenuDisabledTextView::scrollSelectionIntoView()
 {
+    const bool isBehind = isGliding();
     m_glide.stop();
     const int line = m_layout.lineOf(m_selected.location);
     if (m_layout.layOut(line, line))
         updateScrollRange();
     m_glideStart = verticalScrollBar()->value();
     const int target = valueForSelection();
-    const bool isNear = std::abs(target - m_glideStart) <= kFarthestGlide * viewport()->height();
+    // A glide that the next line always overtakes never arrives: what is behind already glides a short way
+    // only.
+    const double farthest = isBehind ? kFarthestGlideBehind : kFarthestGlide;
+    const bool isNear = std::abs(target - m_glideStart) <= farthest * viewport()->height();
     if (target != m_glideStart && isNear && isMotionWanted())
         m_glide.start();
     else
