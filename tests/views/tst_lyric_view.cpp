@@ -91,6 +91,7 @@ private Q_SLOTS:
     void aLineHigherThanTheViewIsReadFromItsBeginning();
     void resizingKeepsTheLineInTheMiddle();
     void itGlidesWhereTheDesktopAnimates();
+    void linesFasterThanTheGlideStayInSight();
     void itGoesAtOnceWhereTheDesktopDoesNot();
     void itGoesFarAwayAtOnce();
     void theWheelEndsAGlide();
@@ -240,6 +241,19 @@ void tst_LyricView::itGlidesWhereTheDesktopAnimates()
     screen.show(14);
     QTRY_VERIFY(!screen.view.isGliding());
     QVERIFY(screen.isInMiddleThird());
+}
+
+void tst_LyricView::linesFasterThanTheGlideStayInSight()
+{
+    OnScreen screen(true);
+    screen.view.setPlainText(lines(200));
+    for (int line = 10; line < 100; ++line)
+        screen.show(line); // none has the time to glide
+    const int seen = screen.view.verticalScrollBar()->value();
+    QTRY_VERIFY(!screen.view.isGliding());
+    const int due = screen.view.verticalScrollBar()->value();
+    QVERIFY2(std::abs(due - seen) < screen.view.viewport()->height() / 3,
+        qPrintable(QStringLiteral("%1 instead of %2").arg(seen).arg(due)));
 }
 
 void tst_LyricView::itGoesAtOnceWhereTheDesktopDoesNot()
