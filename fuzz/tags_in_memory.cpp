@@ -41,12 +41,13 @@ Attempt attempt(const tags::ByteSource &source, const tags::Container &container
     const tags::LyricPlace &place, std::string_view text)
 {
     Attempt out;
-    const auto edit = container.withLyric(place, text);
+    const std::vector<tags::FieldEdit> edits = {{place, std::string(text)}};
+    const auto edit = container.withLyrics(edits);
     if (!edit.ok())
         return out;
     auto edited = std::make_unique<tags::PatchedSource>(source, edit.value());
     tags::WorkProgress progress;
-    if (tags::differsFrom(source, container, *edited, format, {place, text}, "fuzz", progress))
+    if (tags::differsFrom(source, container, *edited, format, edits, "fuzz", progress))
         return out;
     out.container = tags::parseContainer(*edited, format);
     if (!out.container.ok())

@@ -27,18 +27,12 @@ public:
     [[nodiscard]] const ApeTag &tag() const { return m_tag; }
     [[nodiscard]] std::uint64_t end() const { return m_tag.offset + m_tag.bytes; }
 
-    [[nodiscard]] std::vector<LyricField> lyricFields() const
-    {
-        std::vector<LyricField> fields;
-        for (const ApeLyric &lyric : m_lyrics)
-            fields.push_back(lyric.field);
-        return fields;
-    }
+    [[nodiscard]] std::vector<LyricField> lyricFields() const { return fieldsOf(m_lyrics); }
 
-    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const
+    [[nodiscard]] Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const
     {
         ApeTag edited = m_tag;
-        if (std::optional<Failure> failure = setLyric(edited, m_lyrics, place, text))
+        if (std::optional<Failure> failure = setLyrics(edited, m_lyrics, edits))
             return *failure;
         Outcome<std::string> bytes = edited.render();
         if (!bytes.ok())
@@ -48,7 +42,7 @@ public:
 
 private:
     ApeTag m_tag;
-    std::vector<ApeLyric> m_lyrics;
+    std::vector<FoundLyric> m_lyrics;
 };
 
 /// A file whose only tag to be edited is an APE tag at its end. Tags that stand elsewhere (ID3v2 at the
@@ -65,9 +59,9 @@ public:
         return {{0, m_ape.tag().offset}, {m_ape.end(), m_size - m_ape.end()}};
     }
     [[nodiscard]] std::vector<std::string> newFieldNames() const override { return newApeNames(); }
-    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override
+    [[nodiscard]] Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const override
     {
-        return m_ape.withLyric(place, text);
+        return m_ape.withLyrics(edits);
     }
 
 private:
@@ -87,11 +81,13 @@ public:
     [[nodiscard]] std::vector<std::string> otherFields() const override;
     [[nodiscard]] std::vector<Range> audio() const override;
     [[nodiscard]] std::vector<std::string> newFieldNames() const override;
-    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
+    [[nodiscard]] Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const override;
 
 private:
     /// Whether there is no tag at the start of the file.
     [[nodiscard]] bool isOnlyTag() const { return m_inner->audio().front().offset == 0; }
+    /// Whether the field there is, or will be, one of the APE tag.
+    [[nodiscard]] bool isOfApeTag(const LyricPlace &place) const;
 
     std::shared_ptr<const Container> m_inner;
     std::size_t m_innerFields;
@@ -136,15 +132,32 @@ std::vector<std::string> WithApeTag::newFieldNames() const
     return names;
 }
 
-Outcome<Edit> WithApeTag::withLyric(const LyricPlace &place, std::string_view text) const
+bool WithApeTag::isOfApeTag(const LyricPlace &place) const
 {
-    if (place.field && *place.field >= m_innerFields)
-        return m_ape.withLyric({*place.field - m_innerFields, {}}, text);
-    const std::vector<std::string> apeNames = newApeNames();
-    const bool isUsual = place.newName.empty() && isOnlyTag();
-    const bool isNewApe = !place.field
-        && (isUsual || std::find(apeNames.begin(), apeNames.end(), place.newName) != apeNames.end());
-    return isNewApe ? m_ape.withLyric(place, text) : m_inner->withLyric(place, text);
+    if (place.field)
+        return *place.field >= m_innerFields;
+    const std::vector<std::string> names = newApeNames();
+    return place.newName.empty() ? isOnlyTag()
+                                 : std::find(names.begin(), names.end(), place.newName) != names.end();
+}
+
+Outcome<Edit> WithApeTag::withLyrics(const std::vector<FieldEdit> &edits) const
+{
+    std::vector<FieldEdit> inner;
+    std::vector<FieldEdit> ape;
+    for (const FieldEdit &edit : edits)
+        (isOfApeTag(edit.place) ? ape : inner).push_back(edit);
+    for (FieldEdit &edit : ape) {
+        if (edit.place.field)
+            *edit.place.field -= m_innerFields;
+    }
+    Outcome<Edit> out = inner.empty() ? Edit() : m_inner->withLyrics(inner);
+    Outcome<Edit> atEnd = ape.empty() ? Edit() : m_ape.withLyrics(ape);
+    if (!atEnd.ok())
+        return atEnd;
+    if (out.ok())
+        std::move(atEnd.value().begin(), atEnd.value().end(), std::back_inserter(out.value()));
+    return out;
 }
 
 Failure incomplete()

@@ -60,17 +60,17 @@ std::string withoutSize(const std::string &frame)
     return frame.empty() ? frame : frame.substr(0, 12) + frame.substr(20);
 }
 
-std::optional<Failure> refusal(
-    const ApeTag &tag, const ApeItem *item, const LyricField *field, std::string_view text)
+/// `lyric`: the one that gets the text; null when it is a new one.
+std::optional<Failure> refusal(const ApeTag &tag, const FoundLyric *lyric, std::string_view text)
 {
     if (tag.version() == 1) {
         return Failure{Reason::Unsupported,
             "The file has an APE tag of the first version, which can be read but not written."};
     }
-    if (((footerFlags(tag) | (item ? item->flags() : 0)) & kReadOnly) != 0)
+    if (((footerFlags(tag) | (lyric ? tag.items[lyric->at].flags() : 0)) & kReadOnly) != 0)
         return Failure{Reason::ReadOnly, "The file's APE tag says that it is not to be changed."};
     // What is there already may be kept in other shapes: several values, older encodings.
-    const bool isAsBefore = field && !isTagText(field->text);
+    const bool isAsBefore = lyric && !isTagText(lyric->field.text);
     if (!isAsBefore && !isTagText(text))
         return notTagText("an APE tag");
     return std::nullopt;
@@ -78,9 +78,9 @@ std::optional<Failure> refusal(
 
 } // namespace
 
-std::vector<ApeLyric> lyricsOf(const ApeTag &tag)
+std::vector<FoundLyric> lyricsOf(const ApeTag &tag)
 {
-    std::vector<ApeLyric> lyrics;
+    std::vector<FoundLyric> lyrics;
     for (const std::string_view key : kLyricKeys) {
         for (std::size_t i = 0; i < tag.items.size(); ++i) {
             const ApeItem &item = tag.items[i];
@@ -101,21 +101,25 @@ std::vector<std::string> newApeNames()
     return {kLyricKeys.begin(), kLyricKeys.end()};
 }
 
-std::optional<Failure> setLyric(
-    ApeTag &tag, const std::vector<ApeLyric> &lyrics, const LyricPlace &place, std::string_view text)
+std::optional<Failure> setLyrics(
+    ApeTag &tag, const std::vector<FoundLyric> &lyrics, const std::vector<FieldEdit> &edits)
 {
-    const ApeLyric *lyric = place.field ? &lyrics.at(*place.field) : nullptr;
-    ApeItem *item = lyric ? &tag.items[lyric->item] : nullptr;
-    if (std::optional<Failure> failure = refusal(tag, item, lyric ? &lyric->field : nullptr, text))
-        return failure;
-    if (!item) {
-        const std::string key = place.newName.empty() ? std::string(kLyricKeys.front()) : place.newName;
-        tag.items.push_back(makeItem(0, key, text));
-    } else if (text.empty()) {
-        tag.items.erase(tag.items.begin() + std::ptrdiff_t(lyric->item));
-    } else {
-        *item = makeItem(item->flags(), std::string(item->key()), text);
+    std::vector<std::size_t> gone;
+    for (const FieldEdit &edit : edits) {
+        const FoundLyric *lyric = edit.place.field ? &lyrics.at(*edit.place.field) : nullptr;
+        if (std::optional<Failure> failure = refusal(tag, lyric, edit.text))
+            return failure;
+        if (!lyric) {
+            const std::string &name = edit.place.newName;
+            tag.items.push_back(makeItem(0, name.empty() ? kLyricKeys.front() : name, edit.text));
+        } else if (edit.text.empty()) {
+            gone.push_back(lyric->at);
+        } else {
+            ApeItem &item = tag.items[lyric->at];
+            item = makeItem(item.flags(), std::string(item.key()), edit.text);
+        }
     }
+    eraseAt(tag.items, std::move(gone));
     return std::nullopt;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "media/tags/LyricFields.h"
+#include "media/tags/FoundLyrics.h"
 #include "media/tags/Outcome.h"
 
 #include <cstddef>
@@ -51,26 +51,18 @@ struct ApeTag
     [[nodiscard]] Outcome<std::string> render() const;
 };
 
-/// A lyric item of a tag: where it stands, and what it says.
-struct ApeLyric
-{
-    std::size_t item = 0; ///< index into the tag's items
-    LyricField field;
-};
-
 /// The lyric items in the order of preference: `Lyrics`, `UNSYNCEDLYRICS`, `SYNCEDLYRICS`,
 /// `UNSYNCED LYRICS`, keys in any case, and in file order among equals. Binary and external items are
 /// none. Several values of one item are one text, with the NUL that separates them.
-[[nodiscard]] std::vector<ApeLyric> lyricsOf(const ApeTag &tag);
+[[nodiscard]] std::vector<FoundLyric> lyricsOf(const ApeTag &tag);
 
 /// The keys that a new lyric item can have, the usual one first.
 [[nodiscard]] std::vector<std::string> newApeNames();
 
-/// Gives the item at `place`, one of `lyrics` or a new one, the text `text` (key and flags stay), or takes
-/// it out when `text` is empty. Null when done; refused in APEv1, and where tag or item say that they are
-/// not to be written.
-[[nodiscard]] std::optional<Failure> setLyric(
-    ApeTag &tag, const std::vector<ApeLyric> &lyrics, const LyricPlace &place, std::string_view text);
+/// What Container::withLyrics() makes of the tag with these `lyrics`; keys and flags stay. Null when done;
+/// refused in APEv1, and where tag or item say that they are not to be written.
+[[nodiscard]] std::optional<Failure> setLyrics(
+    ApeTag &tag, const std::vector<FoundLyric> &lyrics, const std::vector<FieldEdit> &edits);
 
 /// Everything in the tag that is no lyric: its version and flags, if there is anything else, and each item.
 [[nodiscard]] std::vector<std::string> otherItems(const ApeTag &tag);

@@ -18,7 +18,7 @@ public:
         : m_header(std::move(header)), m_lyrics(lyricsOf(m_header)), m_size(size)
     { }
 
-    [[nodiscard]] std::vector<LyricField> lyricFields() const override;
+    [[nodiscard]] std::vector<LyricField> lyricFields() const override { return fieldsOf(m_lyrics); }
     [[nodiscard]] std::vector<std::string> otherFields() const override
     {
         return otherParts(m_header, m_size);
@@ -28,26 +28,18 @@ public:
         return {{m_header.bytes, m_size - m_header.bytes}};
     }
     [[nodiscard]] std::vector<std::string> newFieldNames() const override { return newAsfNames(); }
-    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
+    [[nodiscard]] Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const override;
 
 private:
     AsfHeader m_header;
-    std::vector<AsfLyric> m_lyrics;
+    std::vector<FoundLyric> m_lyrics;
     std::uint64_t m_size;
 };
 
-std::vector<LyricField> AsfContainer::lyricFields() const
-{
-    std::vector<LyricField> fields;
-    for (const AsfLyric &lyric : m_lyrics)
-        fields.push_back(lyric.field);
-    return fields;
-}
-
-Outcome<Edit> AsfContainer::withLyric(const LyricPlace &place, std::string_view text) const
+Outcome<Edit> AsfContainer::withLyrics(const std::vector<FieldEdit> &edits) const
 {
     AsfHeader edited = m_header;
-    if (std::optional<Failure> failure = setLyric(edited, m_lyrics, place, text))
+    if (std::optional<Failure> failure = setLyrics(edited, m_lyrics, edits))
         return *failure;
     Outcome<std::string> bytes = edited.render();
     if (!bytes.ok())

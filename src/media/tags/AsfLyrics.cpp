@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <utility>
 
 namespace tags {
@@ -67,7 +68,7 @@ void addTo(AsfObject &object, AsfAttribute attribute, const std::string &value)
 }
 
 /// Adds an attribute to the object for new ones, or to the metadata library when it is too long for that.
-std::optional<Failure> add(AsfHeader &header, AsfAttribute attribute, const std::string &value)
+std::optional<Failure> addAttribute(AsfHeader &header, AsfAttribute attribute, const std::string &value)
 {
     if (value.size() <= largestAsfValue(AsfKind::ExtendedContent)) {
         addTo(firstOf(header.objects, AsfKind::ExtendedContent), std::move(attribute), value);
@@ -98,17 +99,73 @@ bool erased(std::vector<AsfObject> &objects, const AsfObject *object)
     return false;
 }
 
-void remove(AsfHeader &header, AsfObject &object, std::size_t attribute)
+/// Several changes of a header's attributes. None is taken out or added before the end, so that each keeps
+/// its place till then.
+class AttributeEdit
 {
-    object.attributes.erase(object.attributes.begin() + std::ptrdiff_t(attribute));
-    if (object.attributes.empty() && object.tail.empty())
-        erased(header.objects, &object);
+public:
+    explicit AttributeEdit(AsfHeader &header) : m_header(header), m_objects(attributeObjects(header)) { }
+
+    /// Gives the attribute at `at`, which counts all of the header, this text; an empty one takes it out.
+    void change(std::size_t at, std::string_view text);
+    void add(std::string_view name, std::string_view text);
+    [[nodiscard]] std::optional<Failure> finish();
+
+private:
+    struct NewAttribute
+    {
+        AsfAttribute like;
+        std::string value;
+    };
+
+    AsfHeader &m_header;
+    std::vector<AsfObject *> m_objects;
+    std::map<const AsfObject *, std::vector<std::size_t>> m_gone; ///< indices into its attributes
+    std::vector<NewAttribute> m_added;
+};
+
+void AttributeEdit::change(std::size_t at, std::string_view text)
+{
+    auto object = m_objects.begin();
+    for (; at >= (*object)->attributes.size(); ++object)
+        at -= (*object)->attributes.size();
+    const AsfAttribute old = (*object)->attributes[at];
+    std::string value = terminatedUtf16(text);
+    if (!text.empty() && value.size() <= largestAsfValue((*object)->kind)) {
+        (*object)->attributes[at] = makeAsfAttribute((*object)->kind, old, value);
+        return;
+    }
+    m_gone[*object].push_back(at);
+    if (!text.empty())
+        m_added.push_back({old, std::move(value)});
 }
 
-std::optional<Failure> refusal(const AsfHeader &header, std::string_view text)
+void AttributeEdit::add(std::string_view name, std::string_view text)
 {
-    if (!isTagText(text))
-        return notTagText("a WMA file");
+    AsfAttribute attribute;
+    attribute.name = terminatedUtf16(name);
+    m_added.push_back({std::move(attribute), terminatedUtf16(text)});
+}
+
+std::optional<Failure> AttributeEdit::finish()
+{
+    // From the last one on: an object that goes moves those behind it.
+    for (auto object = m_objects.rbegin(); object != m_objects.rend(); ++object) {
+        if (const auto gone = m_gone.find(*object); gone != m_gone.end()) {
+            eraseAt((*object)->attributes, gone->second);
+            if ((*object)->attributes.empty() && (*object)->tail.empty())
+                erased(m_header.objects, *object);
+        }
+    }
+    for (NewAttribute &attribute : m_added) {
+        if (auto failure = addAttribute(m_header, std::move(attribute.like), attribute.value))
+            return failure;
+    }
+    return std::nullopt;
+}
+
+std::optional<Failure> refusal(const AsfHeader &header)
+{
     const bool isSigned = std::any_of(header.objects.begin(), header.objects.end(),
         [](const AsfObject &object) { return object.kind == AsfKind::Signature; });
     if (isSigned) {
@@ -116,6 +173,15 @@ std::optional<Failure> refusal(const AsfHeader &header, std::string_view text)
             "The WMA file is signed by its author, which a change of the lyric would make void."};
     }
     return std::nullopt;
+}
+
+LyricField lyricField(const AsfAttribute &attribute, std::string_view name)
+{
+    LyricField field;
+    field.tag = "ASF";
+    field.name = name;
+    field.text = utf8FromUtf16(withoutTerminator(attribute.value()), false);
+    return field;
 }
 
 void appendOthers(std::vector<std::string> &others, const AsfObject &object, std::uint64_t fileSize)
@@ -141,21 +207,16 @@ void appendOthers(std::vector<std::string> &others, const AsfObject &object, std
 
 } // namespace
 
-std::vector<AsfLyric> lyricsOf(const AsfHeader &header)
+std::vector<FoundLyric> lyricsOf(const AsfHeader &header)
 {
-    const std::vector<const AsfObject *> objects = attributeObjects(header);
-    std::vector<AsfLyric> lyrics;
+    std::vector<FoundLyric> lyrics;
     for (const std::string_view name : kLyricNames) {
-        for (std::size_t i = 0; i < objects.size(); ++i) {
-            for (std::size_t k = 0; k < objects[i]->attributes.size(); ++k) {
-                const AsfAttribute &attribute = objects[i]->attributes[k];
-                if (!isNamed(attribute, name))
-                    continue;
-                LyricField field;
-                field.tag = "ASF";
-                field.name = name;
-                field.text = utf8FromUtf16(withoutTerminator(attribute.value()), false);
-                lyrics.push_back({i, k, std::move(field)});
+        std::size_t at = 0;
+        for (const AsfObject *object : attributeObjects(header)) {
+            for (const AsfAttribute &attribute : object->attributes) {
+                if (isNamed(attribute, name))
+                    lyrics.push_back({at, lyricField(attribute, name)});
+                ++at;
             }
         }
     }
@@ -168,26 +229,22 @@ std::vector<std::string> newAsfNames()
     return {std::string(kLyricNames.front())};
 }
 
-std::optional<Failure> setLyric(
-    AsfHeader &header, const std::vector<AsfLyric> &lyrics, const LyricPlace &place, std::string_view text)
+std::optional<Failure> setLyrics(
+    AsfHeader &header, const std::vector<FoundLyric> &lyrics, const std::vector<FieldEdit> &edits)
 {
-    if (std::optional<Failure> failure = refusal(header, text))
+    if (std::optional<Failure> failure = refusal(header))
         return failure;
-    const std::string value = terminatedUtf16(text);
-    if (!place.field) {
-        AsfAttribute attribute;
-        attribute.name = terminatedUtf16(place.newName.empty() ? kLyricNames.front() : place.newName);
-        return add(header, std::move(attribute), value);
+    AttributeEdit change(header);
+    for (const FieldEdit &edit : edits) {
+        const std::string &name = edit.place.newName;
+        if (!isTagText(edit.text))
+            return notTagText("a WMA file");
+        if (edit.place.field)
+            change.change(lyrics.at(*edit.place.field).at, edit.text);
+        else
+            change.add(name.empty() ? kLyricNames.front() : name, edit.text);
     }
-    const AsfLyric &lyric = lyrics.at(*place.field);
-    AsfObject &object = *attributeObjects(header).at(lyric.object);
-    const AsfAttribute old = object.attributes[lyric.attribute];
-    if (!text.empty() && value.size() <= largestAsfValue(object.kind)) {
-        object.attributes[lyric.attribute] = makeAsfAttribute(object.kind, old, value);
-        return std::nullopt;
-    }
-    remove(header, object, lyric.attribute);
-    return text.empty() ? std::nullopt : add(header, old, value);
+    return change.finish();
 }
 
 std::vector<std::string> otherParts(const AsfHeader &header, std::uint64_t fileSize)

@@ -2,37 +2,28 @@
 #pragma once
 
 #include "media/tags/AsfHeader.h"
-#include "media/tags/LyricFields.h"
+#include "media/tags/FoundLyrics.h"
 #include "media/tags/Outcome.h"
 
-#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tags {
 
-/// A lyric attribute of a header: where it stands, and what it says.
-struct AsfLyric
-{
-    std::size_t object
-        = 0; ///< which of the objects that hold attributes, nested ones included, in file order
-    std::size_t attribute = 0; ///< index into that object's attributes
-    LyricField field;
-};
-
-/// The attributes `WM/Lyrics`, then `WM/Lyrics_Synchronised`, that are text, in file order among equals.
-[[nodiscard]] std::vector<AsfLyric> lyricsOf(const AsfHeader &header);
+/// The attributes `WM/Lyrics`, then `WM/Lyrics_Synchronised`, that are text, in file order among equals. They
+/// stand among all attributes of the header, nested ones included, in file order.
+[[nodiscard]] std::vector<FoundLyric> lyricsOf(const AsfHeader &header);
 
 /// The names that a new lyric attribute can have, the usual one first.
 [[nodiscard]] std::vector<std::string> newAsfNames();
 
-/// Gives the attribute at `place`, one of `lyrics` or a new one, the text `text`, or takes it out when `text`
-/// is empty; an object that is empty then goes with it. A text that is too long for the object that it
-/// stands in goes to the metadata library. Null when done.
-[[nodiscard]] std::optional<Failure> setLyric(
-    AsfHeader &header, const std::vector<AsfLyric> &lyrics, const LyricPlace &place, std::string_view text);
+/// What Container::withLyrics() makes of the header with these `lyrics`. An object that an edit leaves empty
+/// goes; a text that is too long for the object that it stands in goes to the metadata library. Null when
+/// done.
+[[nodiscard]] std::optional<Failure> setLyrics(
+    AsfHeader &header, const std::vector<FoundLyric> &lyrics, const std::vector<FieldEdit> &edits);
 
 /// Everything in the header that is no lyric, in file order: each object, of those that hold attributes each
 /// attribute. Of `fileSize`, the size that the file really has, only whether it is named rightly.

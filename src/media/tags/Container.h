@@ -2,6 +2,7 @@
 #pragma once
 
 #include "media/tags/AudioTags.h"
+#include "media/tags/FieldEdits.h"
 #include "media/tags/LyricFields.h"
 #include "media/tags/Outcome.h"
 #include "media/tags/Patch.h"
@@ -41,9 +42,9 @@ public:
     [[nodiscard]] virtual std::vector<Range> audio() const = 0;
     /// The names that a new field can have, the usual one first. Never empty.
     [[nodiscard]] virtual std::vector<std::string> newFieldNames() const = 0;
-    /// The edit that gives the field at `place` the text `text`, or takes it away when `text` is empty.
-    /// `place` names a field of lyricFields() or one of newFieldNames().
-    [[nodiscard]] virtual Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const = 0;
+    /// The edit that gives each place its text, or takes the field there away when that is empty. A place is
+    /// a field of lyricFields() or one of newFieldNames(); no two are one field.
+    [[nodiscard]] virtual Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const = 0;
 
 protected:
     Container() = default;

@@ -42,27 +42,19 @@ public:
           m_lyrics(lyricsOf(m_comment))
     { }
 
-    [[nodiscard]] std::vector<LyricField> lyricFields() const override;
+    [[nodiscard]] std::vector<LyricField> lyricFields() const override { return fieldsOf(m_lyrics); }
     [[nodiscard]] std::vector<std::string> otherFields() const override;
     [[nodiscard]] std::vector<Range> audio() const override;
     [[nodiscard]] std::vector<std::string> newFieldNames() const override { return newVorbisNames(); }
-    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
+    [[nodiscard]] Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const override;
 
 private:
     const ByteSource &m_source;
     Layout m_layout;
     std::optional<std::size_t> m_block; ///< the comment's, if there is one
     VorbisComment m_comment;
-    std::vector<VorbisLyric> m_lyrics;
+    std::vector<FoundLyric> m_lyrics;
 };
-
-std::vector<LyricField> FlacContainer::lyricFields() const
-{
-    std::vector<LyricField> fields;
-    for (const VorbisLyric &lyric : m_lyrics)
-        fields.push_back(lyric.field);
-    return fields;
-}
 
 std::vector<std::string> FlacContainer::otherFields() const
 {
@@ -86,10 +78,10 @@ std::vector<Range> FlacContainer::audio() const
     return {{start, m_source.size() - start}};
 }
 
-Outcome<Edit> FlacContainer::withLyric(const LyricPlace &place, std::string_view text) const
+Outcome<Edit> FlacContainer::withLyrics(const std::vector<FieldEdit> &edits) const
 {
     VorbisComment edited = m_comment;
-    setLyric(edited, m_lyrics, place, text);
+    setLyrics(edited, m_lyrics, edits);
     const std::string body = edited.render();
     if (body.size() > kLargestBlock)
         return Failure{

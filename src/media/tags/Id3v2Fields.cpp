@@ -10,19 +10,11 @@ Id3v2Fields::Id3v2Fields(Id3v2Tag tag, const std::optional<FrameLength> &frameLe
     : m_tag(std::move(tag)), m_frameLength(frameLength), m_lyrics(lyricsOf(m_tag, frameLength))
 { }
 
-std::vector<LyricField> Id3v2Fields::lyricFields() const
-{
-    std::vector<LyricField> fields;
-    for (const Id3v2Lyric &lyric : m_lyrics)
-        fields.push_back(lyric.field);
-    return fields;
-}
-
 std::vector<std::string> Id3v2Fields::otherFields() const
 {
     std::vector<bool> isLyric(m_tag.frames.size());
-    for (const Id3v2Lyric &lyric : m_lyrics)
-        isLyric[lyric.frame] = true;
+    for (const FoundLyric &lyric : m_lyrics)
+        isLyric[lyric.at] = true;
     std::vector<std::string> others;
     // A tag that ends with its last frame is no tag: its version is nothing that could be kept.
     if (std::find(isLyric.begin(), isLyric.end(), false) != isLyric.end())
@@ -36,10 +28,10 @@ std::vector<std::string> Id3v2Fields::otherFields() const
     return others;
 }
 
-Outcome<std::string> Id3v2Fields::withLyric(const LyricPlace &place, std::string_view text) const
+Outcome<std::string> Id3v2Fields::withLyrics(const std::vector<FieldEdit> &edits) const
 {
     Id3v2Tag edited = m_tag;
-    if (std::optional<Failure> failure = setLyric(edited, m_lyrics, place, text, m_frameLength))
+    if (std::optional<Failure> failure = setLyrics(edited, m_lyrics, edits, m_frameLength))
         return *failure;
     return edited.render();
 }

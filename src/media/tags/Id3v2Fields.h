@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace tags {
@@ -24,16 +23,16 @@ public:
 
     /// Of the tag in the file; 0 when there is none.
     [[nodiscard]] std::uint64_t bytes() const { return m_tag.bytes; }
-    [[nodiscard]] std::vector<LyricField> lyricFields() const;
+    [[nodiscard]] std::vector<LyricField> lyricFields() const { return fieldsOf(m_lyrics); }
     /// As Container::otherFields() has them.
     [[nodiscard]] std::vector<std::string> otherFields() const;
-    /// The bytes of the whole tag after the edit; none when no frame is left. See Container::withLyric().
-    [[nodiscard]] Outcome<std::string> withLyric(const LyricPlace &place, std::string_view text) const;
+    /// The bytes of the whole tag after the edit; none when no frame is left. See Container::withLyrics().
+    [[nodiscard]] Outcome<std::string> withLyrics(const std::vector<FieldEdit> &edits) const;
 
 private:
     Id3v2Tag m_tag;
     std::optional<FrameLength> m_frameLength;
-    std::vector<Id3v2Lyric> m_lyrics;
+    std::vector<FoundLyric> m_lyrics;
 };
 
 } // namespace tags

@@ -90,7 +90,7 @@ std::optional<LyricField> readSylt(std::string_view body, const std::optional<Fr
     return field;
 }
 
-void append(std::vector<Id3v2Lyric> &lyrics, std::size_t frame, std::optional<LyricField> field)
+void append(std::vector<FoundLyric> &lyrics, std::size_t frame, std::optional<LyricField> field)
 {
     if (field)
         lyrics.push_back({frame, std::move(*field)});
@@ -141,6 +141,10 @@ Outcome<Id3v2Frame> syncedFrame(const Id3v2Tag &tag, SyncedFrame frame, std::str
 Outcome<Id3v2Frame> newFrame(const Id3v2Tag &tag, const std::string &name, std::string_view text)
 {
     if (name == kSynced) {
+        if (holdableText(text).empty()) {
+            return Failure{Reason::NotText,
+                "The lyric has no line with a time, so it cannot be kept as a synchronised one."};
+        }
         SyncedFrame frame;
         frame.entries = {{0, "\n"}}; // so that lines are told apart as the standard asks for
         return syncedFrame(tag, frame, text, std::nullopt);
@@ -162,13 +166,19 @@ void insertFrame(Id3v2Tag &tag, Id3v2Frame frame)
     tag.frames.insert(place, std::move(frame));
 }
 
-Outcome<Id3v2Frame> changedFrame(const Id3v2Tag &tag, const Id3v2Lyric &lyric, std::string_view text,
+Outcome<Id3v2Frame> changedFrame(const Id3v2Tag &tag, const FoundLyric &lyric, std::string_view text,
     const std::optional<FrameLength> &frameLength)
 {
     if (!lyric.field.synchronised)
         return unsyncedFrame(tag, lyric.field, text);
-    const std::string body = plainBody(tag, tag.frames[lyric.frame]);
+    const std::string body = plainBody(tag, tag.frames[lyric.at]);
     return syncedFrame(tag, SyncedFrame::parse(body, frameLength).value(), text, frameLength);
+}
+
+/// Whether `field` holds nothing any more once it is given `text`.
+bool leavesNothing(const LyricField &field, std::string_view text)
+{
+    return field.synchronised ? holdableText(text).empty() : text.empty();
 }
 
 std::optional<Failure> unstorable(const Id3v2Tag &tag, std::string_view text)
@@ -183,11 +193,11 @@ std::optional<Failure> unstorable(const Id3v2Tag &tag, std::string_view text)
 
 } // namespace
 
-std::vector<Id3v2Lyric> lyricsOf(const Id3v2Tag &tag, const std::optional<FrameLength> &frameLength)
+std::vector<FoundLyric> lyricsOf(const Id3v2Tag &tag, const std::optional<FrameLength> &frameLength)
 {
-    std::vector<Id3v2Lyric> unsynchronised;
-    std::vector<Id3v2Lyric> synchronised;
-    std::vector<Id3v2Lyric> userText;
+    std::vector<FoundLyric> unsynchronised;
+    std::vector<FoundLyric> synchronised;
+    std::vector<FoundLyric> userText;
     std::size_t syncedBytes = 0;
     for (std::size_t i = 0; i < tag.frames.size(); ++i) {
         const Id3v2Frame &frame = tag.frames[i];
@@ -200,7 +210,7 @@ std::vector<Id3v2Lyric> lyricsOf(const Id3v2Tag &tag, const std::optional<FrameL
         else if (isUserText(frame))
             append(userText, i, readTxxx(plainBody(tag, frame)));
     }
-    std::vector<Id3v2Lyric> lyrics = std::move(unsynchronised);
+    std::vector<FoundLyric> lyrics = std::move(unsynchronised);
     std::move(synchronised.begin(), synchronised.end(), std::back_inserter(lyrics));
     std::move(userText.begin(), userText.end(), std::back_inserter(lyrics));
     return lyrics;
@@ -211,30 +221,31 @@ std::vector<std::string> newId3v2Names()
     return {"USLT", std::string(kSynced), "TXXX:LYRICS", "TXXX:SYNCEDLYRICS", "TXXX:UNSYNCEDLYRICS"};
 }
 
-std::optional<Failure> setLyric(Id3v2Tag &tag, const std::vector<Id3v2Lyric> &lyrics, const LyricPlace &place,
-    std::string_view text, const std::optional<FrameLength> &frameLength)
+std::optional<Failure> setLyrics(Id3v2Tag &tag, const std::vector<FoundLyric> &lyrics,
+    const std::vector<FieldEdit> &edits, const std::optional<FrameLength> &frameLength)
 {
-    if (auto failure = unstorable(tag, text))
-        return failure;
-    const bool synchronised
-        = place.field ? lyrics.at(*place.field).field.synchronised : place.newName == kSynced;
-    const bool nothingLeft = synchronised ? holdableText(text).empty() : text.empty();
-    if (!place.field && nothingLeft && synchronised) {
-        return Failure{Reason::NotText,
-            "The lyric has no line with a time, so it cannot be kept as a synchronised one."};
+    std::vector<std::size_t> gone;
+    std::vector<Id3v2Frame> added;
+    for (const FieldEdit &edit : edits) {
+        if (auto failure = unstorable(tag, edit.text))
+            return failure;
+        const FoundLyric *lyric = edit.place.field ? &lyrics.at(*edit.place.field) : nullptr;
+        if (lyric && leavesNothing(lyric->field, edit.text)) {
+            gone.push_back(lyric->at);
+            continue;
+        }
+        Outcome<Id3v2Frame> frame = lyric ? changedFrame(tag, *lyric, edit.text, frameLength)
+                                          : newFrame(tag, edit.place.newName, edit.text);
+        if (!frame.ok())
+            return frame.failure();
+        if (lyric)
+            tag.frames[lyric->at] = std::move(frame.value());
+        else
+            added.push_back(std::move(frame.value()));
     }
-    if (place.field && nothingLeft) {
-        tag.frames.erase(tag.frames.begin() + std::ptrdiff_t(lyrics.at(*place.field).frame));
-        return std::nullopt;
-    }
-    Outcome<Id3v2Frame> frame = place.field ? changedFrame(tag, lyrics.at(*place.field), text, frameLength)
-                                            : newFrame(tag, place.newName, text);
-    if (!frame.ok())
-        return frame.failure();
-    if (place.field)
-        tag.frames[lyrics.at(*place.field).frame] = std::move(frame.value());
-    else
-        insertFrame(tag, std::move(frame.value()));
+    eraseAt(tag.frames, std::move(gone));
+    for (Id3v2Frame &frame : added)
+        insertFrame(tag, std::move(frame));
     return std::nullopt;
 }
 

@@ -7,6 +7,7 @@
 #include "media/tags/TextCodec.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tags {
@@ -37,10 +38,12 @@ public:
     [[nodiscard]] std::vector<std::string> otherFields() const override;
     [[nodiscard]] std::vector<Range> audio() const override;
     [[nodiscard]] std::vector<std::string> newFieldNames() const override { return {kLyricName}; }
-    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
+    [[nodiscard]] Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const override;
 
 private:
-    [[nodiscard]] Patch lyricPatch(std::optional<std::size_t> field, std::string_view text) const;
+    [[nodiscard]] Patch changedLyric(const Mp4Atom &old, std::string_view text) const;
+    [[nodiscard]] Patch newLyrics(const std::string &lyrics) const;
+    [[nodiscard]] Edit lyricPatches(const std::vector<FieldEdit> &edits) const;
     [[nodiscard]] std::string contentOf(const Mp4Atom &atom) const;
     void addOthers(const Mp4Atom &parent, std::string_view path, std::vector<std::string> &out) const;
 
@@ -166,20 +169,20 @@ std::vector<Range> Mp4Container::audio() const
     return ranges;
 }
 
-/// A new lyric where there is none yet, with as much of the structure around it as is missing.
-Patch Mp4Container::lyricPatch(std::optional<std::size_t> field, std::string_view text) const
+Patch Mp4Container::changedLyric(const Mp4Atom &old, std::string_view text) const
 {
-    if (field) {
-        const Mp4Atom &old = *m_lyrics.at(*field);
-        const std::string value = firstValue(m_source, old);
-        const std::string locale = value.size() < 8 ? std::string(4, '\0') : value.substr(4, 4);
-        const std::string more = value.empty() ? std::string() : old.body(m_source).substr(value.size() + 8);
-        return {old.offset, old.size, text.empty() ? std::string() : renderLyric(text, locale, more)};
-    }
-    const std::string lyric = renderLyric(text, std::string(4, '\0'));
+    const std::string value = firstValue(m_source, old);
+    const std::string locale = value.size() < 8 ? std::string(4, '\0') : value.substr(4, 4);
+    const std::string more = value.empty() ? std::string() : old.body(m_source).substr(value.size() + 8);
+    return {old.offset, old.size, text.empty() ? std::string() : renderLyric(text, locale, more)};
+}
+
+/// New lyrics, with as much of the structure around them as is missing.
+Patch Mp4Container::newLyrics(const std::string &lyrics) const
+{
     if (m_place.list)
-        return {m_place.list->end(), 0, lyric};
-    const std::string list = renderAtom("ilst", lyric);
+        return {m_place.list->end(), 0, lyrics};
+    const std::string list = renderAtom("ilst", lyrics);
     const Mp4Atom *inner = m_place.around.back();
     if (inner->name == "meta")
         return {inner->end(), 0, list};
@@ -187,6 +190,24 @@ Patch Mp4Container::lyricPatch(std::optional<std::size_t> field, std::string_vie
     if (inner->name == "udta") // in front: at the end there may be a terminator
         return {inner->bodyAt(), 0, meta};
     return {inner->end(), 0, renderAtom("udta", meta)};
+}
+
+/// In file order.
+Edit Mp4Container::lyricPatches(const std::vector<FieldEdit> &edits) const
+{
+    Edit patches;
+    std::string added;
+    for (const FieldEdit &edit : edits) {
+        if (edit.place.field)
+            patches.push_back(changedLyric(*m_lyrics.at(*edit.place.field), edit.text));
+        else
+            added += renderLyric(edit.text, std::string(4, '\0'));
+    }
+    std::sort(
+        patches.begin(), patches.end(), [](const Patch &a, const Patch &b) { return a.offset < b.offset; });
+    if (!added.empty())
+        patches.push_back(newLyrics(added));
+    return patches;
 }
 
 /// The new size of an atom that contains the edit; null when it does not fit.
@@ -204,7 +225,7 @@ Failure tooLong()
     return {Reason::TooLarge, "The lyric is too long for this MP4 file."};
 }
 
-Outcome<Edit> Mp4Container::withLyric(const LyricPlace &place, std::string_view text) const
+Outcome<Edit> Mp4Container::withLyrics(const std::vector<FieldEdit> &edits) const
 {
     if (m_place.around.empty())
         return Failure{Reason::Unsupported, "The MP4 file has no place for tags: it cannot hold a lyric."};
@@ -214,13 +235,17 @@ Outcome<Edit> Mp4Container::withLyric(const LyricPlace &place, std::string_view 
         return Failure{
             Reason::Unsupported, "The MP4 file keeps its tags in a form that cannot be edited here."};
     }
-    Patch lyric = lyricPatch(place.field, text);
-    const std::uint64_t delta = lyric.inserted.size() - lyric.removed; // modulo 2^64, as are the sums with it
-    const std::uint64_t from = lyric.offset + lyric.removed;
-    Outcome<Edit> tables = movedChunks(m_source, m_file, from, delta);
+    Edit edit = lyricPatches(edits);
+    if (edit.empty())
+        return edit;
+    std::uint64_t delta = 0; // modulo 2^64, as are the sums with it
+    for (const Patch &patch : edit)
+        delta += patch.inserted.size() - patch.removed;
+    // No chunk of sound lies within the list of tags.
+    Outcome<Edit> tables = movedChunks(m_source, m_file, edit.back().offset + edit.back().removed, delta);
     if (!tables.ok())
         return tables.failure();
-    Edit edit = std::move(tables.value());
+    std::move(tables.value().begin(), tables.value().end(), std::back_inserter(edit));
     for (const Mp4Atom *atom : m_place.around) {
         std::optional<Patch> size = resized(*atom, atom->size + delta);
         if (!size)
@@ -228,7 +253,6 @@ Outcome<Edit> Mp4Container::withLyric(const LyricPlace &place, std::string_view 
         if (!atom->toTheEnd)
             edit.push_back(std::move(*size));
     }
-    edit.push_back(std::move(lyric));
     std::stable_sort(
         edit.begin(), edit.end(), [](const Patch &a, const Patch &b) { return a.offset < b.offset; });
     return edit;

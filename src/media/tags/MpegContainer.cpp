@@ -29,7 +29,7 @@ public:
         return {{m_fields.bytes(), m_size - m_fields.bytes()}};
     }
     [[nodiscard]] std::vector<std::string> newFieldNames() const override { return newId3v2Names(); }
-    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
+    [[nodiscard]] Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const override;
 
 private:
     Id3v2Fields m_fields;
@@ -37,14 +37,14 @@ private:
     bool m_hasTagBehindJunk;
 };
 
-Outcome<Edit> MpegContainer::withLyric(const LyricPlace &place, std::string_view text) const
+Outcome<Edit> MpegContainer::withLyrics(const std::vector<FieldEdit> &edits) const
 {
     if (m_hasTagBehindJunk) {
         return Failure{Reason::Unsupported,
             "The file does not begin with its tag but with something else, so it cannot be edited without "
             "hiding that tag."};
     }
-    Outcome<std::string> tag = m_fields.withLyric(place, text);
+    Outcome<std::string> tag = m_fields.withLyrics(edits);
     if (!tag.ok())
         return tag.failure();
     return Edit{{0, m_fields.bytes(), std::move(tag.value())}};

@@ -31,11 +31,11 @@ public:
           m_comment(std::move(comment)), m_lyrics(lyricsOf(m_comment))
     { }
 
-    [[nodiscard]] std::vector<LyricField> lyricFields() const override;
+    [[nodiscard]] std::vector<LyricField> lyricFields() const override { return fieldsOf(m_lyrics); }
     [[nodiscard]] std::vector<std::string> otherFields() const override;
     [[nodiscard]] std::vector<Range> audio() const override;
     [[nodiscard]] std::vector<std::string> newFieldNames() const override { return newVorbisNames(); }
-    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
+    [[nodiscard]] Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const override;
 
 private:
     [[nodiscard]] std::string prefix(std::size_t bodyBytes) const;
@@ -46,7 +46,7 @@ private:
     Headers m_headers;
     std::size_t m_prefix; ///< bytes of the comment packet before the comment
     VorbisComment m_comment;
-    std::vector<VorbisLyric> m_lyrics;
+    std::vector<FoundLyric> m_lyrics;
 };
 
 Failure damaged()
@@ -59,14 +59,6 @@ Failure unsupported()
 {
     return {
         Reason::Unsupported, "The Ogg file holds several streams side by side, which cannot be edited here."};
-}
-
-std::vector<LyricField> OggContainer::lyricFields() const
-{
-    std::vector<LyricField> fields;
-    for (const VorbisLyric &lyric : m_lyrics)
-        fields.push_back(lyric.field);
-    return fields;
 }
 
 std::vector<std::string> OggContainer::otherFields() const
@@ -119,10 +111,10 @@ Outcome<Edit> renumberedPages(const ByteSource &source, const OggPage &headers, 
     return edit;
 }
 
-Outcome<Edit> OggContainer::withLyric(const LyricPlace &place, std::string_view text) const
+Outcome<Edit> OggContainer::withLyrics(const std::vector<FieldEdit> &edits) const
 {
     VorbisComment edited = m_comment;
-    setLyric(edited, m_lyrics, place, text);
+    setLyrics(edited, m_lyrics, edits);
     const std::string body = edited.render();
     if (m_format == Format::OggFlac && body.size() > kLargestFlacBlock)
         return Failure{

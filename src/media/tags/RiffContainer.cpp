@@ -27,7 +27,7 @@ public:
     [[nodiscard]] std::vector<std::string> otherFields() const override;
     [[nodiscard]] std::vector<Range> audio() const override;
     [[nodiscard]] std::vector<std::string> newFieldNames() const override { return newId3v2Names(); }
-    [[nodiscard]] Outcome<Edit> withLyric(const LyricPlace &place, std::string_view text) const override;
+    [[nodiscard]] Outcome<Edit> withLyrics(const std::vector<FieldEdit> &edits) const override;
 
 private:
     [[nodiscard]] Patch tagPatch(const std::string &body) const;
@@ -73,11 +73,11 @@ Patch RiffContainer::tagPatch(const std::string &body) const
     return {m_riff.end(), 0, missingPadding + m_riff.rendered(big ? "ID3 " : "id3 ", body)};
 }
 
-Outcome<Edit> RiffContainer::withLyric(const LyricPlace &place, std::string_view text) const
+Outcome<Edit> RiffContainer::withLyrics(const std::vector<FieldEdit> &edits) const
 {
     if (std::optional<Failure> failure = m_riff.inconsistency())
         return *failure;
-    Outcome<std::string> tag = m_fields.withLyric(place, text);
+    Outcome<std::string> tag = m_fields.withLyrics(edits);
     if (!tag.ok())
         return tag.failure();
     Patch patch = tagPatch(tag.value() + m_behindTag);

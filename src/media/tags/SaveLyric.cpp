@@ -21,9 +21,6 @@ namespace tags {
 
 namespace {
 
-/// Each edit reads the whole file twice.
-constexpr std::size_t kMaxEdits = 64;
-
 /// How the edits come about, once the fields are known.
 using EditMaker = std::function<Outcome<std::vector<FieldEdit>>(const std::vector<LyricField> &)>;
 
@@ -40,12 +37,10 @@ public:
     [[nodiscard]] Outcome<Saved> run(const EditMaker &makeEdits, const SaveProgress &report);
 
 private:
-    [[nodiscard]] const ByteSource &content() const;
     [[nodiscard]] std::string hiddenTagRemark() const;
     [[nodiscard]] std::optional<Failure> takeHash();
-    [[nodiscard]] std::optional<Failure> apply(const FieldEdit &edit);
-    [[nodiscard]] std::optional<Failure> misplaced(
-        const std::vector<LyricField> &fields, const std::vector<FieldEdit> &edits) const;
+    [[nodiscard]] std::optional<Failure> apply(
+        const Container &container, const std::vector<FieldEdit> &edits);
 
     std::string m_path; ///< without links
     LoadedFile m_file;
@@ -53,25 +48,16 @@ private:
     Writes m_writes;
     WorkProgress m_progress;
     Format m_format = Format::Mpeg;
-    std::vector<std::unique_ptr<PatchedSource>> m_edited; ///< each over the one before
+    std::unique_ptr<PatchedSource> m_edited; ///< once the edits are made
 };
 
-const ByteSource &Save::content() const
-{
-    return m_edited.empty() ? *m_file.source : *m_edited.back();
-}
-
-/// The edits that change something, in an order in which none moves the place of another: fields from the
-/// last to the first, then what is new.
-std::vector<FieldEdit> inOrder(std::vector<FieldEdit> edits, const std::vector<LyricField> &fields)
+/// The edits that change something.
+std::vector<FieldEdit> changing(std::vector<FieldEdit> edits, const std::vector<LyricField> &fields)
 {
     std::erase_if(edits, [&fields](const FieldEdit &edit) {
         const std::string held = heldText(fields, edit.place, edit.text);
         // What cannot be held at all is not "no change": it is refused.
         return edit.place.field ? fields.at(*edit.place.field).text == held : edit.text.empty();
-    });
-    std::stable_sort(edits.begin(), edits.end(), [](const FieldEdit &a, const FieldEdit &b) {
-        return a.place.field && (!b.place.field || *a.place.field > *b.place.field);
     });
     return edits;
 }
@@ -94,7 +80,7 @@ std::optional<Failure> unholdable(const std::vector<FieldEdit> &edits, const std
 std::string Save::hiddenTagRemark() const
 {
     const bool isNewTag = m_format == Format::Mpeg && leadingId3v2Size(*m_file.source) == 0
-        && leadingId3v2Size(content()) > 0;
+        && leadingId3v2Size(*m_edited) > 0;
     if (!isNewTag || tagsAtEnd(*m_file.source).id3v1 == m_file.source->size())
         return {};
     return "The lyric stands in a new ID3v2 tag; title and artist stand in the old ID3v1 tag alone, which "
@@ -118,40 +104,13 @@ std::optional<Failure> Save::takeHash()
         "Another program is changing the file, so it was left alone. Save again when it is done."};
 }
 
-std::optional<Failure> Save::apply(const FieldEdit &edit)
+std::optional<Failure> Save::apply(const Container &container, const std::vector<FieldEdit> &edits)
 {
-    const ContainerOutcome container = parseContainer(content(), m_format);
-    if (!container.ok())
-        return container.failure();
-    Outcome<Edit> patches = container.value()->withLyric(edit.place, edit.text);
+    Outcome<Edit> patches = container.withLyrics(edits);
     if (!patches.ok())
         return patches.failure();
-    auto edited = std::make_unique<PatchedSource>(content(), std::move(patches.value()));
-    if (auto failure = differsFrom(
-            content(), *container.value(), *edited, m_format, {edit.place, edit.text}, m_path, m_progress))
-        return failure;
-    m_edited.push_back(std::move(edited));
-    return std::nullopt;
-}
-
-/// Each edit was checked by itself; an earlier one may have moved the field of a later one all the same.
-std::optional<Failure> Save::misplaced(
-    const std::vector<LyricField> &fields, const std::vector<FieldEdit> &edits) const
-{
-    const auto texts = [](const std::vector<LyricField> &all) {
-        std::vector<std::string> out;
-        for (const LyricField &field : all)
-            out.push_back(field.text);
-        std::sort(out.begin(), out.end());
-        return out;
-    };
-    const ContainerOutcome container = parseContainer(content(), m_format);
-    if (container.ok() && texts(container.value()->lyricFields()) == texts(fieldsAfter(fields, edits)))
-        return std::nullopt;
-    return Failure{Reason::WouldChangeMore,
-        "The file was left alone, because changing these fields at once would have mixed them up. Change "
-        "them one "
-        "by one."};
+    m_edited = std::make_unique<PatchedSource>(*m_file.source, std::move(patches.value()));
+    return differsFrom(*m_file.source, container, *m_edited, m_format, edits, m_path, m_progress);
 }
 
 Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
@@ -169,29 +128,20 @@ Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
     const Outcome<std::vector<FieldEdit>> made = makeEdits(fields);
     if (!made.ok())
         return made.failure();
-    const std::vector<FieldEdit> edits = inOrder(made.value(), fields);
+    const std::vector<FieldEdit> edits = changing(made.value(), fields);
     if (edits.empty())
         return Saved{m_file.state, false, {}};
     if (auto failure = unholdable(edits, fields))
         return *failure;
-    if (edits.size() > kMaxEdits) {
-        return Failure{Reason::Hostile,
-            "The file holds its lyric " + std::to_string(edits.size())
-                + " times over, which no program does; it was left alone."};
-    }
-    // Each edit reads the sound before and after it; the copy is written once, and compared with once.
-    m_progress = WorkProgress(report, (2 * edits.size() + 3) * m_file.state.size);
+    // The sound is read before and after the edit; the copy is written once, and compared with once.
+    m_progress = WorkProgress(report, 5 * m_file.state.size);
     if (auto failure = takeHash())
         return *failure;
-    for (const FieldEdit &edit : edits) {
-        if (auto failure = apply(edit))
-            return *failure;
-    }
-    if (auto failure = misplaced(fields, edits))
+    if (auto failure = apply(*container.value(), edits))
         return *failure;
     if (m_writes == Writes::No)
         return Saved{m_file.state, true, hiddenTagRemark()};
-    Outcome<Replaced> replaced = replaceFile(m_path, content(), m_file, m_system, m_progress);
+    Outcome<Replaced> replaced = replaceFile(m_path, *m_edited, m_file, m_system, m_progress);
     if (!replaced.ok())
         return replaced.failure();
     std::string remark = std::move(replaced.value().remark);

@@ -25,8 +25,8 @@ struct Saved
 /// Gives fields of the file at `path` other texts (UTF-8, stored byte for byte), all in one step.
 ///
 /// A field keeps its language and description; an empty text takes it away. No other field and no byte of
-/// the audio changes: each edit is read back by two readers and compared before anything is written. Then
-/// the new content replaces the file in one step, keeping mode, owner and extended attributes where the
+/// the audio changes: the edited file is read back by two readers and compared before anything is written.
+/// Then the new content replaces the file in one step, keeping mode, owner and extended attributes where the
 /// system allows; a link stays a link, its target is replaced.
 ///
 /// Refused, with the file as it was and no temporary left: when the file is not in the state

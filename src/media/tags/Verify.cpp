@@ -10,6 +10,7 @@
 #include "media/tags/WorkProgress.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -44,51 +45,99 @@ Digest digest(const ByteSource &source, const std::vector<Range> &ranges, WorkPr
     return out;
 }
 
-/// The texts of all lyric fields in no particular order: a new one may stand anywhere.
-std::vector<std::string> sortedTexts(const std::vector<LyricField> &fields)
+/// The lyric fields that an edited file ought to have.
+class ExpectedFields
 {
-    std::vector<std::string> texts;
-    for (const LyricField &field : fields)
-        texts.push_back(field.name + '\n' + field.language + '\n' + field.description + '\n' + field.text);
-    std::sort(texts.begin(), texts.end());
-    return texts;
+public:
+    ExpectedFields(const std::vector<LyricField> &before, const std::vector<FieldEdit> &edits);
+
+    /// Whether `after` are they, in no particular order: a new one may stand anywhere.
+    [[nodiscard]] bool areMetBy(const std::vector<LyricField> &after);
+
+private:
+    [[nodiscard]] static std::string identity(const LyricField &field);
+    [[nodiscard]] bool takeAdded(const LyricField &field);
+
+    std::multiset<std::string> m_kept;
+    std::vector<FieldEdit> m_added; ///< with the texts that can be held
+};
+
+std::string ExpectedFields::identity(const LyricField &field)
+{
+    return field.tag + '\n' + field.name + '\n' + field.language + '\n' + field.description + '\n'
+        + field.text;
 }
 
-bool lyricsAreAsMeant(const Container &old, const Container &edited, const IntendedEdit &edit)
+ExpectedFields::ExpectedFields(const std::vector<LyricField> &before, const std::vector<FieldEdit> &edits)
 {
-    std::vector<LyricField> expected = old.lyricFields();
-    std::vector<LyricField> actual = edited.lyricFields();
-    const std::string text = heldText(expected, edit.place, edit.text);
-    if (!edit.place.field) {
-        // The name and the language of a new field are the format's; the text is what was meant. A field that
-        // was there may say the same.
-        for (const LyricField &field : expected) {
-            const auto same = std::find(actual.begin(), actual.end(), field);
-            if (same == actual.end())
-                return false;
-            actual.erase(same);
+    std::vector<LyricField> fields = before;
+    std::vector<bool> isGone(fields.size());
+    for (const FieldEdit &edit : edits) {
+        std::string text = heldText(before, edit.place, edit.text);
+        if (edit.place.field) {
+            isGone[*edit.place.field] = text.empty();
+            fields[*edit.place.field].text = std::move(text);
+        } else {
+            m_added.push_back({edit.place, std::move(text)});
         }
-        return actual.size() == 1 && actual.front().text == text;
     }
-    if (text.empty()) {
-        expected.erase(expected.begin() + std::ptrdiff_t(*edit.place.field));
-    } else {
-        expected[*edit.place.field].text = text;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (!isGone[i])
+            m_kept.insert(identity(fields[i]));
     }
-    return sortedTexts(expected) == sortedTexts(actual);
 }
 
-/// What TagLib ought to find after the edit. It makes its own of some texts (byte-order marks, what
+/// The name of a new field, where none was asked for, and its language are the format's.
+bool ExpectedFields::takeAdded(const LyricField &field)
+{
+    const auto meant = std::find_if(m_added.begin(), m_added.end(), [&field](const FieldEdit &edit) {
+        return edit.text == field.text && (edit.place.newName.empty() || edit.place.newName == field.name);
+    });
+    if (meant == m_added.end())
+        return false;
+    m_added.erase(meant);
+    return true;
+}
+
+bool ExpectedFields::areMetBy(const std::vector<LyricField> &after)
+{
+    for (const LyricField &field : after) {
+        if (const auto kept = m_kept.find(identity(field)); kept != m_kept.end())
+            m_kept.erase(kept);
+        else if (!takeAdded(field))
+            return false;
+    }
+    return m_kept.empty() && m_added.empty();
+}
+
+/// What TagLib ought to find after the edits. It makes its own of some texts (byte-order marks, what
 /// is no UTF-8), which only the comparison of bytes above can judge.
-bool libraryAgrees(const LibraryView &old, const LibraryView &edited, std::string_view text)
+bool libraryAgrees(const LibraryView &old, const LibraryView &edited, const std::vector<std::string> &texts)
 {
     if (old.title != edited.title || old.artist != edited.artist || old.album != edited.album
         || old.cover != edited.cover || old.duration != edited.duration || old.others != edited.others)
         return false;
-    const std::string asRead = textAsTagLibReads(text);
-    return asRead.empty()
-        || std::any_of(edited.lyrics.begin(), edited.lyrics.end(),
-            [&](const std::string &lyric) { return lyric == text || lyric == asRead; });
+    return std::all_of(texts.begin(), texts.end(), [&edited](const std::string &text) {
+        const auto finds = [&edited](const std::string &wanted) {
+            return std::binary_search(edited.lyrics.begin(), edited.lyrics.end(), wanted);
+        };
+        const std::string asRead = textAsTagLibReads(text);
+        return asRead.empty() || finds(text) || finds(asRead);
+    });
+}
+
+std::vector<std::string> heldTexts(const std::vector<LyricField> &fields, const std::vector<FieldEdit> &edits)
+{
+    std::vector<std::string> texts;
+    for (const FieldEdit &edit : edits)
+        texts.push_back(heldText(fields, edit.place, edit.text));
+    return texts;
+}
+
+bool holdsNul(const std::vector<FieldEdit> &edits)
+{
+    return std::any_of(edits.begin(), edits.end(),
+        [](const FieldEdit &edit) { return edit.text.find('\0') != std::string::npos; });
 }
 
 Failure wouldChange(const char *what)
@@ -101,14 +150,15 @@ Failure wouldChange(const char *what)
 } // namespace
 
 std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldContainer,
-    const ByteSource &edited, Format format, const IntendedEdit &edit, const std::string &name,
+    const ByteSource &edited, Format format, const std::vector<FieldEdit> &edits, const std::string &name,
     WorkProgress &progress)
 {
     const Outcome<Format> editedFormat = detectFormat(edited);
     const ContainerOutcome container = parseContainer(edited, format);
     if (!editedFormat.ok() || editedFormat.value() != format || !container.ok())
         return wouldChange("more than its lyric");
-    if (!lyricsAreAsMeant(oldContainer, *container.value(), edit))
+    const std::vector<LyricField> fields = oldContainer.lyricFields();
+    if (!ExpectedFields(fields, edits).areMetBy(container.value()->lyricFields()))
         return wouldChange("the lyric itself");
     if (oldContainer.otherFields() != container.value()->otherFields())
         return wouldChange("another of its tags");
@@ -122,16 +172,13 @@ std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldCo
     const Outcome<LibraryView> after = readWithTagLib(edited, format, name);
     if (edited.hasFailed())
         return Failure{Reason::SystemError, "The file could not be read to its end, so it was left alone."};
-    if (!before.ok() || !after.ok()
-        || !libraryAgrees(
-            before.value(), after.value(), heldText(oldContainer.lyricFields(), edit.place, edit.text)))
-        return edit.text.find('\0') == std::string_view::npos
-            ? wouldChange("how other programs read it")
-            : Failure{Reason::NotText,
-                "The lyric holds a NUL character, which other programs take for its end. Take it out, then "
-                "save "
-                "again."};
-    return std::nullopt;
+    if (before.ok() && after.ok() && libraryAgrees(before.value(), after.value(), heldTexts(fields, edits)))
+        return std::nullopt;
+    if (!holdsNul(edits))
+        return wouldChange("how other programs read it");
+    return Failure{Reason::NotText,
+        "The lyric holds a NUL character, which other programs take for its end. Take it out, then save "
+        "again."};
 }
 
 } // namespace tags

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+#include <utility>
 
 namespace tags {
 
@@ -81,9 +81,9 @@ std::string VorbisComment::render() const
     return out + rest;
 }
 
-std::vector<VorbisLyric> lyricsOf(const VorbisComment &comment)
+std::vector<FoundLyric> lyricsOf(const VorbisComment &comment)
 {
-    std::vector<VorbisLyric> lyrics;
+    std::vector<FoundLyric> lyrics;
     for (const std::string_view key : kLyricKeys) {
         for (std::size_t i = 0; i < comment.entries.size(); ++i) {
             const std::string &entry = comment.entries[i];
@@ -104,22 +104,25 @@ std::vector<std::string> newVorbisNames()
     return {kLyricKeys.begin(), kLyricKeys.end()};
 }
 
-void setLyric(VorbisComment &comment, const std::vector<VorbisLyric> &lyrics, const LyricPlace &place,
-    std::string_view text)
+void setLyrics(
+    VorbisComment &comment, const std::vector<FoundLyric> &lyrics, const std::vector<FieldEdit> &edits)
 {
-    if (!place.field) {
-        const std::string key = place.newName.empty() ? std::string(kLyricKeys.front()) : place.newName;
-        comment.entries.push_back(key + '=' + std::string(text));
-        return;
+    std::vector<std::size_t> gone;
+    for (const FieldEdit &edit : edits) {
+        if (!edit.place.field) {
+            const std::string &name = edit.place.newName;
+            comment.entries.push_back(
+                (name.empty() ? std::string(kLyricKeys.front()) : name) + '=' + edit.text);
+            continue;
+        }
+        const std::size_t at = lyrics.at(*edit.place.field).at;
+        if (edit.text.empty())
+            gone.push_back(at);
+        std::string &entry = comment.entries[at];
+        entry.resize(entry.find('=') + 1);
+        entry += edit.text;
     }
-    const std::size_t entry = lyrics.at(*place.field).entry;
-    if (text.empty()) {
-        comment.entries.erase(comment.entries.begin() + std::ptrdiff_t(entry));
-    } else {
-        std::string &old = comment.entries[entry];
-        old.resize(old.find('=') + 1);
-        old += text;
-    }
+    eraseAt(comment.entries, std::move(gone));
 }
 
 std::vector<std::string> otherEntries(const VorbisComment &comment)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "media/tags/LyricFields.h"
+#include "media/tags/FoundLyrics.h"
 
 #include <cstddef>
 #include <optional>
@@ -25,24 +25,16 @@ struct VorbisComment
     [[nodiscard]] std::string render() const;
 };
 
-/// A lyric entry of a comment: where it stands, and what it says.
-struct VorbisLyric
-{
-    std::size_t entry = 0; ///< index into the comment's entries
-    LyricField field;
-};
-
 /// The lyric entries in the order of preference: `LYRICS`, `SYNCEDLYRICS`, `UNSYNCEDLYRICS`,
 /// `UNSYNCED LYRICS`, keys in any case, and in file order among equals.
-[[nodiscard]] std::vector<VorbisLyric> lyricsOf(const VorbisComment &comment);
+[[nodiscard]] std::vector<FoundLyric> lyricsOf(const VorbisComment &comment);
 
 /// The keys that a new lyric entry can have, the usual one first.
 [[nodiscard]] std::vector<std::string> newVorbisNames();
 
-/// Gives the entry at `place`, one of `lyrics` or a new one, the text `text` (its key stays as spelled), or
-/// takes it out when `text` is empty.
-void setLyric(VorbisComment &comment, const std::vector<VorbisLyric> &lyrics, const LyricPlace &place,
-    std::string_view text);
+/// What Container::withLyrics() makes of the comment with these `lyrics`. Keys stay as they are spelled.
+void setLyrics(
+    VorbisComment &comment, const std::vector<FoundLyric> &lyrics, const std::vector<FieldEdit> &edits);
 
 /// The entries that are no lyric, and the vendor.
 [[nodiscard]] std::vector<std::string> otherEntries(const VorbisComment &comment);

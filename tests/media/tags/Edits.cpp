@@ -70,25 +70,35 @@ std::vector<std::string> newNamesOf(const std::string &bytes)
     return file.container ? file.container->newFieldNames() : std::vector<std::string>();
 }
 
-tags::Outcome<std::string> tried(
-    const std::string &bytes, const tags::LyricPlace &place, std::string_view text)
+tags::Outcome<std::string> triedAll(const std::string &bytes, const std::vector<tags::FieldEdit> &edits)
 {
     const Opened file(bytes);
     if (!file.container)
         return tags::Failure{};
-    const tags::Outcome<tags::Edit> edit = file.container->withLyric(place, text);
+    const tags::Outcome<tags::Edit> edit = file.container->withLyrics(edits);
     if (!edit.ok())
         return edit.failure();
     const tags::PatchedSource edited(file.source, edit.value());
     tags::WorkProgress progress;
-    const std::optional<tags::Failure> failure = tags::differsFrom(
-        file.source, *file.container, edited, file.format, {place, text}, "song", progress);
+    const std::optional<tags::Failure> failure
+        = tags::differsFrom(file.source, *file.container, edited, file.format, edits, "song", progress);
     return failure ? tags::Outcome<std::string>(*failure) : edited.read(0, std::size_t(edited.size()));
+}
+
+tags::Outcome<std::string> tried(
+    const std::string &bytes, const tags::LyricPlace &place, std::string_view text)
+{
+    return triedAll(bytes, {{place, std::string(text)}});
 }
 
 std::string edited(const std::string &bytes, const tags::LyricPlace &place, std::string_view text)
 {
-    const tags::Outcome<std::string> outcome = tried(bytes, place, text);
+    return editedAll(bytes, {{place, std::string(text)}});
+}
+
+std::string editedAll(const std::string &bytes, const std::vector<tags::FieldEdit> &edits)
+{
+    const tags::Outcome<std::string> outcome = triedAll(bytes, edits);
     if (!outcome.ok())
         ADD_FAILURE() << outcome.failure().message;
     return outcome.ok() ? outcome.value() : std::string();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media/tags/FieldEdits.h"
 #include "media/tags/LyricFields.h"
 #include "media/tags/Outcome.h"
 
@@ -25,6 +26,11 @@ namespace edits {
 /// The same where it must not be refused: a failed test and nothing when it is.
 [[nodiscard]] std::string edited(
     const std::string &bytes, const tags::LyricPlace &place, std::string_view text);
+
+/// Several fields of the file at once.
+[[nodiscard]] tags::Outcome<std::string> triedAll(
+    const std::string &bytes, const std::vector<tags::FieldEdit> &edits);
+[[nodiscard]] std::string editedAll(const std::string &bytes, const std::vector<tags::FieldEdit> &edits);
 
 /// Why it is refused; null when it is not.
 [[nodiscard]] std::optional<tags::Reason> refusalOf(
