@@ -32,7 +32,7 @@ SaveAnswer Saver::create(const std::string &path, const std::string &text, bool 
         return answerTo(tags::createText(path, text, tags::SystemCalls::real()));
     if (!force)
         return {"there is a file of that name already; --force writes over it.", {}};
-    const FileText old = readFile(path, tags::kMaxMemoryBytes);
+    const FileText old = readFile(path, tags::kMaxTextBytes);
     return old.ok() ? replace(path, old.bytes, text) : SaveAnswer{old.refusal, {}};
 }
 

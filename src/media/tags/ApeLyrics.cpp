@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/ApeTag.h"
 #include "media/tags/ByteSource.h"
+#include "media/tags/Comparable.h"
 #include "media/tags/TextCodec.h"
 
 #include <algorithm>
@@ -128,7 +129,7 @@ std::vector<std::string> otherItems(const ApeTag &tag)
     std::vector<std::string> others;
     for (const ApeItem &item : tag.items) {
         if (!isLyric(item))
-            others.push_back(item.raw);
+            others.push_back(comparable(item.raw));
     }
     if (!tag.tail.empty())
         others.push_back("tail " + tag.tail);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AsfLyrics.h"
 
+#include "media/tags/Comparable.h"
 #include "media/tags/TextCodec.h"
 
 #include <algorithm>
@@ -190,7 +191,7 @@ void appendOthers(std::vector<std::string> &others, const AsfObject &object, std
         const std::string prefix = std::to_string(int(object.kind)) + ' ';
         for (const AsfAttribute &attribute : object.attributes) {
             if (!isLyric(attribute))
-                others.push_back(prefix + attribute.raw);
+                others.push_back(prefix + comparable(attribute.raw));
         }
         if (!object.tail.empty())
             others.push_back(prefix + "tail " + object.tail);
@@ -200,7 +201,7 @@ void appendOthers(std::vector<std::string> &others, const AsfObject &object, std
     copy.children.clear(); // and with them goes the size that they had
     if (object.kind == AsfKind::FileProperties && asfFileSize(object) == fileSize)
         setAsfFileSize(copy, 0);
-    others.push_back(copy.render());
+    others.push_back(comparable(copy.render()));
     for (const AsfObject &child : object.children)
         appendOthers(others, child, fileSize);
 }

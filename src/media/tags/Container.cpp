@@ -5,7 +5,9 @@
 
 namespace tags {
 
-ContainerOutcome parseContainer(const ByteSource &source, Format format)
+namespace {
+
+ContainerOutcome parsed(const ByteSource &source, Format format)
 {
     switch (format) {
     case Format::Mpeg:
@@ -33,6 +35,18 @@ ContainerOutcome parseContainer(const ByteSource &source, Format format)
         return parseAsf(source);
     }
     return Failure{Reason::Unsupported, "This kind of file cannot be read."};
+}
+
+} // namespace
+
+ContainerOutcome parseContainer(const ByteSource &source, Format format)
+{
+    ContainerOutcome container = parsed(source, format);
+    if (container.ok()) {
+        if (std::optional<Failure> failure = tooMuchLyric(container.value()->lyricFields()))
+            return *failure;
+    }
+    return container;
 }
 
 } // namespace tags

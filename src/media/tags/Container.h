@@ -64,7 +64,7 @@ using ContainerOutcome = Outcome<std::shared_ptr<const Container>>;
 [[nodiscard]] ContainerOutcome parseAiff(const ByteSource &source);
 [[nodiscard]] ContainerOutcome parseAsf(const ByteSource &source);
 
-/// The structure of `source`, which must outlive it.
+/// The structure of `source`, which must outlive it. Refused when it has too much of a lyric, too.
 [[nodiscard]] ContainerOutcome parseContainer(const ByteSource &source, Format format);
 
 } // namespace tags

@@ -21,8 +21,8 @@ struct FileState
     friend bool operator==(const FileState &, const FileState &) = default;
 };
 
-/// The largest file that is held in memory: 128 MiB. A larger one is read where it lies.
-inline constexpr std::uint64_t kMaxMemoryBytes = 128ULL << 20;
+/// The largest file that is held in memory: 16 MiB. A larger one is read where it lies.
+inline constexpr std::uint64_t kMaxMemoryBytes = 16ULL << 20;
 
 /// The largest file that is opened and saved at all: 2 GiB.
 inline constexpr std::uint64_t kMaxReadBytes = 2ULL << 30;

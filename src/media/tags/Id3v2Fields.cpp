@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/Id3v2Fields.h"
 
+#include "media/tags/Comparable.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -21,7 +23,7 @@ std::vector<std::string> Id3v2Fields::otherFields() const
         others.push_back("version " + std::to_string(m_tag.version));
     for (std::size_t i = 0; i < m_tag.frames.size(); ++i) {
         if (!isLyric[i])
-            others.push_back(m_tag.frames[i].raw);
+            others.push_back(comparable(m_tag.frames[i].raw.view()));
     }
     if (!m_tag.tail.empty())
         others.push_back("tail " + m_tag.tail);

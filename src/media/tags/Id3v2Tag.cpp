@@ -4,6 +4,7 @@
 #include "media/tags/ByteSource.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tags {
 
@@ -15,8 +16,7 @@ constexpr std::size_t kHeaderBytes = 10;
 constexpr unsigned kUnsynchronised = 0x80;
 constexpr unsigned kExtendedHeader = 0x40;
 constexpr unsigned kFooter = 0x10;
-constexpr std::uint64_t kMaxTagBytes = 64ULL << 20;
-constexpr std::uint64_t kLargestSize = (1ULL << 28) - 1;
+constexpr std::uint64_t kMaxTagBytes = 32ULL << 20;
 constexpr std::size_t kNewPadding = 2048;
 
 /// Four bytes of seven bits each; nothing when a top bit is set.
@@ -96,8 +96,9 @@ std::size_t extendedHeaderBytes(unsigned version, std::string_view body)
     return std::size_t(std::min<std::uint64_t>(size, body.size()));
 }
 
-void parseFrames(Id3v2Tag &tag, std::string_view body)
+void parseFrames(Id3v2Tag &tag, const SharedBytes &bytes)
 {
+    const std::string_view body = bytes.view();
     const std::size_t header = frameHeaderBytes(tag.version);
     const std::size_t idBytes = tag.version == 2 ? 3 : 4;
     std::size_t at = 0;
@@ -109,7 +110,7 @@ void parseFrames(Id3v2Tag &tag, std::string_view body)
         Id3v2Frame frame;
         frame.id = body.substr(at, idBytes);
         frame.format = tag.version == 2 ? 0 : unsigned(bigEndian(body, at + 9, 1));
-        frame.raw = body.substr(at, header + std::size_t(size));
+        frame.raw = bytes.slice(at, header + std::size_t(size));
         frame.bodyAt = header;
         tag.frames.push_back(std::move(frame));
         at += header + std::size_t(size);
@@ -162,7 +163,7 @@ Outcome<Id3v2Tag> Id3v2Tag::parse(const ByteSource &source)
         return cutOff();
     if (tag.bytes > kMaxTagBytes)
         return Failure{
-            Reason::TooLarge, "The file's ID3 tag is larger than 64 MiB, which is more than can be read."};
+            Reason::TooLarge, "The file's ID3 tag is larger than 32 MiB, which is more than can be read."};
     const std::string header = source.read(0, kHeaderBytes);
     tag.version = unsigned(bigEndian(header, 3, 1));
     tag.revision = unsigned(bigEndian(header, 4, 1));
@@ -175,7 +176,7 @@ Outcome<Id3v2Tag> Id3v2Tag::parse(const ByteSource &source)
         body = synchronised(body);
     if (tag.flags & kExtendedHeader)
         body.erase(0, extendedHeaderBytes(tag.version, body));
-    parseFrames(tag, body);
+    parseFrames(tag, SharedBytes(std::move(body)));
     if (tag.frames.size() > kMaxFrames) {
         return Failure{Reason::Hostile,
             "The tag of the file has hundreds of thousands of entries, which cannot be read safely."};
@@ -185,22 +186,27 @@ Outcome<Id3v2Tag> Id3v2Tag::parse(const ByteSource &source)
 
 Outcome<std::string> Id3v2Tag::render() const
 {
-    std::string body;
+    std::uint64_t size = tail.size();
     for (const Id3v2Frame &frame : frames)
-        body += frame.raw;
-    body += tail;
-    if (body.empty())
-        return body;
+        size += frame.raw.size();
+    if (size == 0)
+        return std::string();
     const std::uint64_t room = bytes > kHeaderBytes ? bytes - kHeaderBytes : 0;
-    body.resize(body.size() <= room ? std::size_t(room) : body.size() + kNewPadding, '\0');
-    if (body.size() > kLargestSize)
+    const std::uint64_t padded = size <= room ? room : size + kNewPadding;
+    if (padded > kMaxTagBytes)
         return Failure{Reason::TooLarge, "The lyric is too long for this kind of file."};
     const unsigned gone = kExtendedHeader | kFooter | (version < 4 ? kUnsynchronised : 0U);
     std::string out = "ID3";
+    out.reserve(kHeaderBytes + std::size_t(padded));
     out += static_cast<char>(version);
     out += static_cast<char>(revision);
     out += static_cast<char>(flags & ~gone);
-    return out + toSyncSafe(body.size()) + body;
+    out += toSyncSafe(padded);
+    for (const Id3v2Frame &frame : frames)
+        out += frame.raw.view();
+    out += tail;
+    out.resize(kHeaderBytes + std::size_t(padded), '\0');
+    return out;
 }
 
 bool isCompressed(const Id3v2Tag &tag, const Id3v2Frame &frame)
@@ -228,15 +234,13 @@ std::string plainBody(const Id3v2Tag &tag, const Id3v2Frame &frame)
 
 Id3v2Frame makeFrame(unsigned version, const std::string &id, const std::string &body)
 {
+    std::string raw = version == 2
+        ? id + toBigEndian(body.size(), 3)
+        : id + (version == 4 ? toSyncSafe(body.size()) : toBigEndian(body.size(), 4)) + std::string(2, '\0');
     Id3v2Frame frame;
     frame.id = id;
-    if (version == 2)
-        frame.raw = id + toBigEndian(body.size(), 3);
-    else
-        frame.raw = id + (version == 4 ? toSyncSafe(body.size()) : toBigEndian(body.size(), 4))
-            + std::string(2, '\0');
-    frame.bodyAt = frame.raw.size();
-    frame.raw += body;
+    frame.bodyAt = raw.size();
+    frame.raw = SharedBytes(std::move(raw += body));
     return frame;
 }
 

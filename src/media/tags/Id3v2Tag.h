@@ -3,6 +3,7 @@
 
 #include "media/tags/LyricFields.h"
 #include "media/tags/Outcome.h"
+#include "media/tags/SharedBytes.h"
 
 #include <cstdint>
 #include <string>
@@ -18,10 +19,10 @@ struct Id3v2Frame
 {
     std::string id; ///< four characters, three in version 2.2
     unsigned format = 0; ///< the second byte of its flags
-    std::string raw; ///< header and body; of a tag unsynchronised as a whole, undone
+    SharedBytes raw; ///< header and body; of a tag unsynchronised as a whole, undone
     std::size_t bodyAt = 0; ///< where in `raw` the body begins
 
-    [[nodiscard]] std::string_view body() const { return std::string_view(raw).substr(bodyAt); }
+    [[nodiscard]] std::string_view body() const { return raw.view().substr(bodyAt); }
 };
 
 /// An ID3v2 tag (2.2, 2.3, 2.4) at the start of a source, to be edited frame by frame.
@@ -38,7 +39,8 @@ struct Id3v2Tag
     std::vector<Id3v2Frame> frames;
     std::string tail; ///< what follows the last frame; empty when it is only padding
 
-    /// The tag at the start of `source`; one of 0 bytes when there is none.
+    /// The tag at the start of `source`; one of 0 bytes when there is none. Refused above 32 MiB, or 200,000
+    /// frames.
     [[nodiscard]] static Outcome<Id3v2Tag> parse(const ByteSource &source);
 
     /// The bytes of the tag, as long as it was where they fit; none when there is no frame.

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "media/tags/Container.h"
-
-#include <optional>
+#include "media/tags/AudioTags.h"
+#include "media/tags/Patch.h"
 
 namespace tags {
 
 class ByteSource;
 
-/// The stretch of a file of `format` that TagLib is not to see, if there is one: what would exhaust it, and
-/// what would keep it from finding a tag that is there.
-[[nodiscard]] std::optional<Range> hiddenFromLibrary(const ByteSource &source, Format format);
+/// The edit that takes out of the sight of TagLib what it is not to see of a file of `format`: what would
+/// exhaust it, and what would keep it from finding a tag that is there.
+[[nodiscard]] Edit hiddenFromLibrary(const ByteSource &source, Format format);
 
 } // namespace tags

@@ -16,6 +16,8 @@ namespace tags {
 namespace {
 
 constexpr std::size_t kBlockBytes = 1U << 20;
+constexpr std::size_t kSmallBytes = 1U << 12; ///< what is read along with what stands around it
+constexpr std::size_t kAheadBytes = 1U << 16;
 
 /// A file too large for memory, read where it is asked for.
 class FileSource final : public ByteSource
@@ -30,10 +32,15 @@ public:
     [[nodiscard]] bool hasFailed() const override { return m_failed; }
 
 private:
+    [[nodiscard]] std::string readNow(std::uint64_t offset, std::size_t count) const;
+
     std::unique_ptr<Descriptor> m_file;
     std::uint64_t m_size;
     SystemCalls &m_system;
     mutable bool m_failed = false;
+    /// A stretch that was read last: headers are many, small, and follow one another.
+    mutable std::string m_ahead;
+    mutable std::uint64_t m_aheadAt = 0;
 };
 
 /// Reads up to `count` bytes; fewer at the end of the file, −1 when the system refuses.
@@ -53,15 +60,27 @@ ssize_t readAll(int fd, char *out, std::size_t count, std::uint64_t offset, Syst
     return ssize_t(done);
 }
 
-std::string FileSource::read(std::uint64_t offset, std::size_t count) const
+std::string FileSource::readNow(std::uint64_t offset, std::size_t count) const
 {
-    if (offset >= m_size)
-        return {};
     std::string out(std::size_t(std::min<std::uint64_t>(count, m_size - offset)), '\0');
     const ssize_t got = readAll(m_file->get(), out.data(), out.size(), offset, m_system);
     m_failed = m_failed || got != ssize_t(out.size());
     out.resize(got < 0 ? 0 : std::size_t(got));
     return out;
+}
+
+std::string FileSource::read(std::uint64_t offset, std::size_t count) const
+{
+    if (offset >= m_size)
+        return {};
+    if (count > kSmallBytes)
+        return readNow(offset, count);
+    const std::uint64_t wanted = std::min<std::uint64_t>(count, m_size - offset);
+    if (offset < m_aheadAt || offset + wanted > m_aheadAt + m_ahead.size()) {
+        m_ahead = readNow(offset, kAheadBytes);
+        m_aheadAt = offset;
+    }
+    return m_ahead.substr(std::size_t(offset - m_aheadAt), std::size_t(wanted));
 }
 
 int openRetrying(const std::string &path, SystemCalls &system)
@@ -168,7 +187,7 @@ Outcome<FileState> currentState(const std::string &path, SystemCalls &system, Wo
     return state;
 }
 
-Outcome<LoadedFile> load(const std::string &path, SystemCalls &system)
+Outcome<LoadedFile> load(const std::string &path, SystemCalls &system, std::uint64_t held)
 {
     // A NUL inside would silently open another file than the one that was named.
     if (path.find('\0') != std::string::npos)
@@ -182,7 +201,7 @@ Outcome<LoadedFile> load(const std::string &path, SystemCalls &system)
     if (auto failure = refusal(loaded.status))
         return *failure;
     loaded.state = stateOf(loaded.status);
-    if (loaded.state.size > kMaxMemoryBytes) {
+    if (loaded.state.size > held) {
         loaded.source = std::make_unique<FileSource>(std::move(file), loaded.state.size, system);
         return loaded;
     }

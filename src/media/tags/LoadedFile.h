@@ -37,11 +37,13 @@ struct LoadedFile
 {
     FileState state;
     struct stat status = {}; ///< mode, owner, number of links
-    std::unique_ptr<ByteSource> source; ///< a MemorySource up to `kMaxMemoryBytes`
+    std::unique_ptr<ByteSource> source; ///< a MemorySource where the content was read at once
 };
 
-/// Opens the regular file at `path`, without waiting for anybody, and takes its content and state.
-[[nodiscard]] Outcome<LoadedFile> load(const std::string &path, SystemCalls &system);
+/// Opens the regular file at `path`, without waiting for anybody, and takes its content and state. Up to
+/// `held` bytes are read at once.
+[[nodiscard]] Outcome<LoadedFile> load(
+    const std::string &path, SystemCalls &system, std::uint64_t held = kMaxMemoryBytes);
 
 /// The state that `status` tells of; without a hash.
 [[nodiscard]] FileState stateOf(const struct stat &status);

@@ -53,6 +53,20 @@ bool holdsTimeTags(std::string_view lyric)
     return false;
 }
 
+std::optional<Failure> tooMuchLyric(const std::vector<LyricField> &fields)
+{
+    std::size_t bytes = 0;
+    for (const LyricField &field : fields)
+        bytes += field.text.size();
+    if (bytes > kMaxLyricBytes)
+        return Failure{Reason::TooLarge,
+            "The lyrics of the file would have more than 16 MiB together, which is more than can be kept."};
+    if (fields.size() > kMaxLyricFields)
+        return Failure{Reason::Hostile,
+            "The file has more than 1,000 lyrics, which no program writes: it cannot be read safely."};
+    return std::nullopt;
+}
+
 std::optional<std::size_t> lyricFieldIndex(const std::vector<LyricField> &fields)
 {
     std::optional<std::size_t> firstText;

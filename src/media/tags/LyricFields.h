@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media/tags/Outcome.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -27,6 +29,11 @@ struct LyricField
     friend bool operator==(const LyricField &, const LyricField &) = default;
 };
 
+/// What all lyric fields of a file may have together: no song comes near it, and a reader can be made to hold
+/// a multiple of it.
+inline constexpr std::size_t kMaxLyricBytes = 16U << 20;
+inline constexpr std::size_t kMaxLyricFields = 1000;
+
 /// Which field an edit is about: one that is there, or a new one.
 struct LyricPlace
 {
@@ -39,6 +46,10 @@ struct LyricPlace
 /// Whether some line of `lyric` begins with a time tag, `[mm:ss` or one of its longer forms.
 /// Cost: linear, and it stops at the first one.
 [[nodiscard]] bool holdsTimeTags(std::string_view lyric);
+
+/// Why a file cannot have these fields: they are more than `kMaxLyricFields`, or longer than
+/// `kMaxLyricBytes`. Null when it can.
+[[nodiscard]] std::optional<Failure> tooMuchLyric(const std::vector<LyricField> &fields);
 
 /// The field that is *the* lyric of a file: the first one that holds time tags, if any does;
 /// otherwise the first one that holds text. Null when there is none.

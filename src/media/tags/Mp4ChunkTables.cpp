@@ -13,6 +13,7 @@ namespace tags {
 namespace {
 
 constexpr std::size_t kSampledBytes = 32;
+constexpr std::uint64_t kMaxOffsets = 2000000;
 constexpr std::uint64_t kLargest32 = 0xFFFFFFFFULL;
 
 /// The offsets in a table, and where in its body they stand.
@@ -75,6 +76,21 @@ void collectTables(const Mp4Atom &atom, std::vector<const Mp4Atom *> &out)
 }
 
 } // namespace
+
+std::optional<Failure> hostileTables(const ByteSource &source, const Mp4Atom &file)
+{
+    std::vector<const Mp4Atom *> tables;
+    collectTables(file, tables);
+    std::uint64_t offsets = 0;
+    for (const Mp4Atom *atom : tables) {
+        const std::uint64_t room = (atom->size - atom->header) / (atom->name == "stco" ? 4 : 8);
+        offsets += std::min(room, bigEndian(source.read(atom->bodyAt() + 4, 4), 0, 4));
+    }
+    if (offsets <= kMaxOffsets)
+        return std::nullopt;
+    return Failure{Reason::Hostile,
+        "The MP4 file says of its sound that it lies in millions of pieces, which cannot be read safely."};
+}
 
 Outcome<Edit> movedChunks(
     const ByteSource &source, const Mp4Atom &file, std::uint64_t from, std::uint64_t delta)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/ByteSource.h"
+#include "media/tags/Comparable.h"
 #include "media/tags/Container.h"
-#include "media/tags/Hash.h"
 #include "media/tags/Mp4Atom.h"
 #include "media/tags/Mp4ChunkTables.h"
 #include "media/tags/TextCodec.h"
@@ -16,8 +16,7 @@ namespace {
 
 const std::string kLyricAtom = "\xA9lyr";
 const std::string kLyricName = "\u00A9lyr"; ///< the same in UTF-8, for people
-constexpr std::uint64_t kMaxComparedBytes = 1U << 20;
-constexpr std::uint64_t kMaxListBytes = 64ULL << 20;
+constexpr std::uint64_t kMaxListBytes = 32ULL << 20;
 
 enum DataType : unsigned { Utf8 = 1, Utf16 = 2 };
 
@@ -44,7 +43,6 @@ private:
     [[nodiscard]] Patch changedLyric(const Mp4Atom &old, std::string_view text) const;
     [[nodiscard]] Patch newLyrics(const std::string &lyrics) const;
     [[nodiscard]] Edit lyricPatches(const std::vector<FieldEdit> &edits) const;
-    [[nodiscard]] std::string contentOf(const Mp4Atom &atom) const;
     void addOthers(const Mp4Atom &parent, std::string_view path, std::vector<std::string> &out) const;
 
     const ByteSource &m_source;
@@ -117,19 +115,11 @@ std::vector<LyricField> Mp4Container::lyricFields() const
     return fields;
 }
 
-/// What is compared of an atom: its bytes, or where they are many their hash.
-std::string Mp4Container::contentOf(const Mp4Atom &atom) const
+/// What is compared of an atom.
+std::string contentOf(const ByteSource &source, const Mp4Atom &atom)
 {
-    if (std::optional<std::string> target = chunkTarget(m_source, atom))
-        return *target;
-    const std::uint64_t size = atom.size - atom.header;
-    if (size <= kMaxComparedBytes)
-        return atom.body(m_source);
-    Hash hash;
-    for (std::uint64_t done = 0; done < size; done += kMaxComparedBytes)
-        hash.add(m_source.read(
-            atom.bodyAt() + done, std::size_t(std::min<std::uint64_t>(kMaxComparedBytes, size - done))));
-    return "hash " + std::to_string(size) + ' ' + std::to_string(hash.value());
+    const std::optional<std::string> target = chunkTarget(source, atom);
+    return target ? *target : comparable(source, atom.bodyAt(), atom.size - atom.header);
 }
 
 /// Every atom without children, with the path to it; chunk tables by what they point at.
@@ -148,7 +138,7 @@ void Mp4Container::addOthers(
             || &atom == m_place.list)
             addOthers(atom, here, out);
         else
-            out.push_back(here + ' ' + contentOf(atom));
+            out.push_back(here + ' ' + contentOf(m_source, atom));
     }
 }
 
@@ -265,10 +255,12 @@ ContainerOutcome parseMp4(const ByteSource &source)
     Outcome<Mp4Atom> file = parseMp4Atoms(source);
     if (!file.ok())
         return file.failure();
+    if (auto failure = hostileTables(source, file.value()))
+        return *failure;
     const Place place = findPlace(file.value());
     if (place.list && place.list->size > kMaxListBytes)
         return Failure{Reason::TooLarge,
-            "The tags of the MP4 file are larger than 64 MiB, which is more than can be read."};
+            "The tags of the MP4 file are larger than 32 MiB, which is more than can be read."};
     return ContainerOutcome(std::make_shared<Mp4Container>(source, std::move(file.value())));
 }
 

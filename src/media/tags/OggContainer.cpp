@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/ByteSource.h"
+#include "media/tags/Comparable.h"
 #include "media/tags/Container.h"
 #include "media/tags/OggPage.h"
 #include "media/tags/VorbisComment.h"
@@ -10,14 +11,17 @@ namespace tags {
 
 namespace {
 
-constexpr std::uint64_t kMaxHeaderBytes = 64ULL << 20;
+/// A picture stands there as text, of which TagLib makes four times as much.
+constexpr std::uint64_t kMaxHeaderBytes = 24ULL << 20;
+constexpr std::size_t kMaxPages = 1000000;
 constexpr std::size_t kLargestFlacBlock = (1U << 24) - 1;
 
 /// The header packets of the first logical stream, but for its very first page.
 struct Headers
 {
     std::vector<OggPage> pages; ///< they hold `packets`, begin with the comment and end with a packet
-    std::vector<std::string> packets;
+    std::vector<std::string>
+        packets; ///< in a container, the first has no more than what precedes the comment
     std::string first; ///< the packet on the page before
 };
 
@@ -25,10 +29,9 @@ struct Headers
 class OggContainer final : public Container
 {
 public:
-    OggContainer(
-        const ByteSource &source, Format format, Headers headers, std::size_t prefix, VorbisComment comment)
-        : m_source(source), m_format(format), m_headers(std::move(headers)), m_prefix(prefix),
-          m_comment(std::move(comment)), m_lyrics(lyricsOf(m_comment))
+    OggContainer(const ByteSource &source, Format format, Headers headers, VorbisComment comment)
+        : m_source(source), m_format(format), m_headers(std::move(headers)), m_comment(std::move(comment)),
+          m_lyrics(lyricsOf(m_comment))
     { }
 
     [[nodiscard]] std::vector<LyricField> lyricFields() const override { return fieldsOf(m_lyrics); }
@@ -44,7 +47,6 @@ private:
     const ByteSource &m_source;
     Format m_format;
     Headers m_headers;
-    std::size_t m_prefix; ///< bytes of the comment packet before the comment
     VorbisComment m_comment;
     std::vector<FoundLyric> m_lyrics;
 };
@@ -61,11 +63,18 @@ Failure unsupported()
         Reason::Unsupported, "The Ogg file holds several streams side by side, which cannot be edited here."};
 }
 
+Failure hostile()
+{
+    return {Reason::Hostile,
+        "The sound of the Ogg file is split into more than a million pages, which cannot be written safely."};
+}
+
 std::vector<std::string> OggContainer::otherFields() const
 {
     std::vector<std::string> others = otherEntries(m_comment);
-    others.push_back(m_headers.first);
-    others.insert(others.end(), m_headers.packets.begin() + 1, m_headers.packets.end());
+    others.push_back(comparable(m_headers.first));
+    for (std::size_t i = 1; i < m_headers.packets.size(); ++i)
+        others.push_back(comparable(m_headers.packets[i]));
     return others;
 }
 
@@ -85,7 +94,7 @@ std::vector<Range> OggContainer::audio() const
 
 std::string OggContainer::prefix(std::size_t bodyBytes) const
 {
-    const std::string old = m_headers.packets.front().substr(0, m_prefix);
+    const std::string &old = m_headers.packets.front();
     return m_format == Format::OggFlac ? old.substr(0, 1) + toBigEndian(bodyBytes, 3) : old;
 }
 
@@ -94,8 +103,11 @@ Outcome<Edit> renumberedPages(const ByteSource &source, const OggPage &headers, 
 {
     Edit edit;
     bool ended = headers.flags & OggPage::kLast;
+    std::size_t pages = 0;
     std::uint64_t at = headers.end();
     while (at < source.size()) {
+        if (++pages > kMaxPages)
+            return hostile();
         const std::optional<OggPage> page = OggPage::parse(source, at);
         if (!page)
             return damaged();
@@ -162,8 +174,11 @@ Outcome<Headers> parseHeaders(const ByteSource &source, Format format)
     std::uint64_t at = first->end();
     for (bool open = false; open || headers.packets.size() < headerPackets(format);) {
         const std::optional<OggPage> page = OggPage::parse(source, at);
-        if (!page || at - first->end() > kMaxHeaderBytes)
+        if (!page)
             return damaged();
+        if (at - first->end() > kMaxHeaderBytes)
+            return Failure{Reason::TooLarge,
+                "The tags of the Ogg file are larger than 24 MiB, which is more than can be read."};
         if (page->serial != first->serial)
             return unsupported();
         const bool continues = page->flags & OggPage::kContinued;
@@ -210,15 +225,16 @@ ContainerOutcome parseOgg(const ByteSource &source, Format format)
     Outcome<Headers> headers = parseHeaders(source, format);
     if (!headers.ok())
         return headers.failure();
-    const std::string &packet = headers.value().packets.front();
+    std::string &packet = headers.value().packets.front();
     const std::optional<std::size_t> prefix = commentPrefix(format, packet);
     if (!prefix || packet.size() < *prefix || !headersOnly(headers.value()))
         return damaged();
     std::optional<VorbisComment> comment = VorbisComment::parse(std::string_view(packet).substr(*prefix));
     if (!comment)
         return damaged();
-    return ContainerOutcome(std::make_shared<OggContainer>(
-        source, format, std::move(headers.value()), *prefix, std::move(*comment)));
+    packet = packet.substr(0, *prefix);
+    return ContainerOutcome(
+        std::make_shared<OggContainer>(source, format, std::move(headers.value()), std::move(*comment)));
 }
 
 } // namespace tags

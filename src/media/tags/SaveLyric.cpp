@@ -110,6 +110,9 @@ std::optional<Failure> Save::apply(const Container &container, const std::vector
     if (!patches.ok())
         return patches.failure();
     m_edited = std::make_unique<PatchedSource>(*m_file.source, std::move(patches.value()));
+    if (m_edited->size() > kMaxReadBytes)
+        return Failure{Reason::TooLarge,
+            "The file would grow beyond 2 GiB with this lyric, which is more than could be opened again."};
     return differsFrom(*m_file.source, container, *m_edited, m_format, edits, m_path, m_progress);
 }
 
@@ -132,6 +135,8 @@ Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
     if (edits.empty())
         return Saved{m_file.state, false, {}};
     if (auto failure = unholdable(edits, fields))
+        return *failure;
+    if (auto failure = tooMuchLyric(fieldsAfter(fields, edits)))
         return *failure;
     // The sound is read before and after the edit; the copy is written once, and compared with once.
     m_progress = WorkProgress(report, 5 * m_file.state.size);

@@ -34,7 +34,7 @@ Outcome<Saved> saveText(const std::string &path, std::string_view expected, cons
     std::string target;
     if (system.resolve(path.c_str(), target) != 0)
         return systemFailure(errno, "written");
-    const Outcome<LoadedFile> file = load(target, system);
+    const Outcome<LoadedFile> file = load(target, system, kMaxTextBytes);
     if (!file.ok())
         return file.failure();
     if (!holds(file.value(), expected)) {

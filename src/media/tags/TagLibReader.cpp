@@ -164,19 +164,6 @@ std::uint64_t startOf(const ByteSource &source, Format format)
     return 0;
 }
 
-/// What is taken out of its sight. Behind a WAV or AIFF file proper something may stand that only looks like
-/// a part of it.
-Edit hiddenFrom(const ByteSource &source, Format format)
-{
-    std::optional<Range> hidden = hiddenFromLibrary(source, format);
-    if (const std::optional<RiffOrder> order = riffOrder(format)) {
-        const Outcome<RiffChunks> riff = RiffChunks::parse(source, *order);
-        const std::uint64_t end = riff.ok() ? riff.value().end() : source.size();
-        hidden = Range{end, source.size() - end};
-    }
-    return hidden ? Edit{{hidden->offset, hidden->size, {}}} : Edit();
-}
-
 std::optional<Failure> hostileContent(const ByteSource &source, Format format)
 {
     if (const std::optional<RiffOrder> order = riffOrder(format))
@@ -193,7 +180,7 @@ Outcome<LibraryView> readWithTagLib(const ByteSource &source, Format format, con
 {
     if (auto failure = hostileContent(source, format))
         return *failure;
-    const PatchedSource shown(source, hiddenFrom(source, format));
+    const PatchedSource shown(source, hiddenFromLibrary(source, format));
     SourceStream stream(shown, startOf(source, format), name);
     switch (format) {
     case Format::Mpeg:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/TagLibViews.h"
 
+#include "media/tags/Comparable.h"
 #include "media/tags/Id3v2Synced.h"
 #include "media/tags/TagLibReader.h"
 
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -21,6 +23,12 @@ namespace tags {
 namespace {
 
 std::string bytesOf(const TagLib::ByteVector &bytes)
+{
+    return {bytes.data(), bytes.size()};
+}
+
+/// Valid as long as `bytes`.
+std::string_view viewOf(const TagLib::ByteVector &bytes)
 {
     return {bytes.data(), bytes.size()};
 }
@@ -85,9 +93,9 @@ std::string itemValue(const TagLib::MP4::Item &item)
     for (const TagLib::String &text : item.toStringList())
         value += '\n' + utf8(text);
     for (const TagLib::ByteVector &data : item.toByteVectorList())
-        value += '\n' + bytesOf(data);
+        value += '\n' + comparable(viewOf(data));
     for (const TagLib::MP4::CoverArt &art : item.toCoverArtList())
-        value += '\n' + bytesOf(art.data());
+        value += '\n' + comparable(viewOf(art.data()));
     return value;
 }
 
@@ -108,7 +116,7 @@ std::string attributeValue(const TagLib::ASF::Attribute &attribute)
     case Attribute::QWordType:
         return about + std::to_string(attribute.toULongLong());
     default:
-        return about + bytesOf(attribute.toByteVector());
+        return about + comparable(viewOf(attribute.toByteVector()));
     }
 }
 
@@ -122,7 +130,7 @@ void addView(const TagLib::ID3v2::Tag &tag, LibraryView &out, const std::optiona
             out.lyrics.push_back(std::move(*text));
             continue;
         }
-        out.others.push_back(bytesOf(frame->render()));
+        out.others.push_back(comparable(viewOf(frame->render())));
         if (const auto *picture = dynamic_cast<const TagLib::ID3v2::AttachedPictureFrame *>(frame)) {
             const bool front = picture->type() == TagLib::ID3v2::AttachedPictureFrame::FrontCover;
             considerCover(picture->picture(), front, haveFront, out.cover);
@@ -137,7 +145,7 @@ void addView(const TagLib::Ogg::XiphComment &comment, LibraryView &out)
             if (isLyricName(key))
                 out.lyrics.push_back(utf8(value));
             else
-                out.others.push_back(utf8(key) + '=' + utf8(value));
+                out.others.push_back(utf8(key) + '=' + comparable(utf8(value)));
         }
     }
 }
@@ -171,7 +179,7 @@ void addView(const TagLib::APE::Tag &tag, LibraryView &out)
             out.lyrics.push_back(utf8(item.values().toString(TagLib::String('\0'))));
             continue;
         }
-        out.others.push_back(bytesOf(item.render()));
+        out.others.push_back(comparable(viewOf(item.render())));
         if (key == "COVER ART (FRONT)") {
             const TagLib::ByteVector data = item.binaryData();
             const int nameEnd = data.find('\0');
@@ -204,7 +212,7 @@ void addPictures(const TagLib::List<TagLib::FLAC::Picture *> &pictures, LibraryV
 {
     bool haveFront = false;
     for (const TagLib::FLAC::Picture *picture : pictures) {
-        out.others.push_back("picture " + bytesOf(picture->render()));
+        out.others.push_back("picture " + comparable(viewOf(picture->render())));
         const bool front = picture->type() == TagLib::FLAC::Picture::FrontCover;
         considerCover(picture->data(), front, haveFront, out.cover);
     }

@@ -2,6 +2,7 @@
 #include "media/tags/Verify.h"
 
 #include "media/tags/ByteSource.h"
+#include "media/tags/Comparable.h"
 #include "media/tags/Container.h"
 #include "media/tags/Format.h"
 #include "media/tags/Hash.h"
@@ -147,32 +148,48 @@ Failure wouldChange(const char *what)
             + ". Its structure is unusual or damaged."};
 }
 
+/// The comparison as the containers read both.
+std::optional<Failure> partsDiffer(const ByteSource &old, const Container &oldContainer,
+    const ByteSource &edited, Format format, const std::vector<FieldEdit> &edits, WorkProgress &progress)
+{
+    const Outcome<Format> editedFormat = detectFormat(edited);
+    const ContainerOutcome container = parseContainer(edited, format);
+    if (!editedFormat.ok() || editedFormat.value() != format || !container.ok())
+        return wouldChange("more than its lyric");
+    if (!ExpectedFields(oldContainer.lyricFields(), edits).areMetBy(container.value()->lyricFields()))
+        return wouldChange("the lyric itself");
+    if (oldContainer.otherFields() != container.value()->otherFields())
+        return wouldChange("another of its tags");
+    const Digest before = digest(old, oldContainer.audio(), progress);
+    const Digest after = digest(edited, container.value()->audio(), progress);
+    if (!progress.goesOn())
+        return cancelled();
+    return before == after ? std::nullopt : std::optional(wouldChange("its sound"));
+}
+
+/// As TagLib reads it, with a cover that is only good to be compared: both may be large.
+Outcome<LibraryView> comparableView(const ByteSource &source, Format format, const std::string &name)
+{
+    Outcome<LibraryView> view = readWithTagLib(source, format, name);
+    if (view.ok())
+        view.value().cover = comparable(view.value().cover);
+    return view;
+}
+
 } // namespace
 
 std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldContainer,
     const ByteSource &edited, Format format, const std::vector<FieldEdit> &edits, const std::string &name,
     WorkProgress &progress)
 {
-    const Outcome<Format> editedFormat = detectFormat(edited);
-    const ContainerOutcome container = parseContainer(edited, format);
-    if (!editedFormat.ok() || editedFormat.value() != format || !container.ok())
-        return wouldChange("more than its lyric");
-    const std::vector<LyricField> fields = oldContainer.lyricFields();
-    if (!ExpectedFields(fields, edits).areMetBy(container.value()->lyricFields()))
-        return wouldChange("the lyric itself");
-    if (oldContainer.otherFields() != container.value()->otherFields())
-        return wouldChange("another of its tags");
-    const bool sameSound
-        = digest(old, oldContainer.audio(), progress) == digest(edited, container.value()->audio(), progress);
-    if (!progress.goesOn())
-        return cancelled();
-    if (!sameSound)
-        return wouldChange("its sound");
-    const Outcome<LibraryView> before = readWithTagLib(old, format, name);
-    const Outcome<LibraryView> after = readWithTagLib(edited, format, name);
+    if (auto failure = partsDiffer(old, oldContainer, edited, format, edits, progress))
+        return failure;
+    const Outcome<LibraryView> before = comparableView(old, format, name);
+    const Outcome<LibraryView> after = comparableView(edited, format, name);
     if (edited.hasFailed())
         return Failure{Reason::SystemError, "The file could not be read to its end, so it was left alone."};
-    if (before.ok() && after.ok() && libraryAgrees(before.value(), after.value(), heldTexts(fields, edits)))
+    if (before.ok() && after.ok()
+        && libraryAgrees(before.value(), after.value(), heldTexts(oldContainer.lyricFields(), edits)))
         return std::nullopt;
     if (!holdsNul(edits))
         return wouldChange("how other programs read it");

@@ -2,6 +2,7 @@
 #include "media/tags/VorbisComment.h"
 
 #include "media/tags/ByteSource.h"
+#include "media/tags/Comparable.h"
 
 #include <algorithm>
 #include <array>
@@ -130,9 +131,9 @@ std::vector<std::string> otherEntries(const VorbisComment &comment)
     std::vector<std::string> others = {"vendor " + comment.vendor};
     for (const std::string &entry : comment.entries) {
         if (!isLyric(entry))
-            others.push_back(entry);
+            others.push_back(comparable(entry));
     }
-    others.push_back("rest " + comment.rest);
+    others.push_back("rest " + comparable(comment.rest));
     return others;
 }
 
