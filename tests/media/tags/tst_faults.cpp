@@ -2,6 +2,7 @@
 #include "media/tags/AudioSamples.h"
 #include "media/tags/AudioTags.h"
 #include "media/tags/FaultySystem.h"
+#include "media/tags/HandMade.h"
 #include "media/tags/SaveLyric.h"
 
 #include <gmock/gmock.h>
@@ -120,6 +121,53 @@ INSTANTIATE_TEST_SUITE_P(Formats, EveryFormat,
         name.replace(name.find('.'), 1, "_");
         return name;
     });
+
+/// `name` with so much sound behind its own, or of an atom that is free, that it is not held in memory.
+std::string larger(const std::string &name)
+{
+    const std::size_t more = tags::kMaxMemoryBytes + 1000;
+    const std::string bytes = contents(sample(name));
+    if (name.ends_with(".m4a"))
+        return bytes + big(more + 8, 4) + "free" + std::string(more, 'x');
+    const std::string frame = "\xFF\xFB\x90\x64" + std::string(413, '\0');
+    std::string sound;
+    while (sound.size() < more)
+        sound += frame;
+    return bytes + sound;
+}
+
+/// A file that is read where it lies: each of many more calls is one that can fail.
+TEST(Faults, OfALargeFileEachCallThatFailsLeavesTheOldFileOrTheNew)
+{
+    for (const char *name : {"v24.mp3", "faststart.m4a"}) {
+        SCOPED_TRACE(name);
+        const Folder folder(Folder::On::Memory);
+        const std::string path = folder.file(name);
+        const std::string before = larger(name);
+        write(path, before);
+        tags::FileState state = tags::read(path).value().state;
+        ASSERT_FALSE(state.hash.has_value());
+        int refused = 0;
+        for (int failing = 1; failing < kMoreCallsThanAnySave; ++failing) {
+            FaultySystem system(failing, EIO);
+            const auto saved = tags::saveLyric(path, kLyric, state, {}, system);
+            EXPECT_THAT(folder.names(), ElementsAre(name)) << "call " << failing;
+            if (!saved.ok()) {
+                ++refused;
+                // The file of that time and place: nothing writes into it.
+                ASSERT_TRUE(tags::read(path).value().state == state) << "call " << failing;
+                continue;
+            }
+            ASSERT_EQ(tags::read(path).value().lyric, kLyric) << "call " << failing;
+            EXPECT_TRUE(contents(path).ends_with(before.substr(before.size() / 2))) << "call " << failing;
+            if (!system.hasFailed())
+                break;
+            write(path, before);
+            state = tags::read(path).value().state;
+        }
+        EXPECT_GE(refused, 80) << "reading it takes five times as many calls as it has MiB";
+    }
+}
 
 TEST(Faults, TheMessageCarriesTheSystemsReason)
 {
