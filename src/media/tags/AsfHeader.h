@@ -38,6 +38,7 @@ struct AsfAttribute
 };
 
 inline constexpr unsigned kAsfText = 0; ///< UTF-16, little endian
+inline constexpr unsigned kAsfBytes = 1;
 
 /// One object of a header. Parts that are not known stay in `head`.
 struct AsfObject

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/AsfLyrics.h"
 
+#include "media/tags/AsfSynced.h"
 #include "media/tags/Comparable.h"
 #include "media/tags/TextCodec.h"
 
@@ -13,7 +14,8 @@ namespace tags {
 
 namespace {
 
-constexpr std::array<std::string_view, 2> kLyricNames = {"WM/Lyrics", "WM/Lyrics_Synchronised"};
+constexpr std::string_view kSynced = "WM/Lyrics_Synchronised";
+constexpr std::array<std::string_view, 2> kLyricNames = {"WM/Lyrics", kSynced};
 
 /// UTF-16 without what terminates it.
 std::string_view withoutTerminator(std::string_view text)
@@ -28,15 +30,45 @@ std::string terminatedUtf16(std::string_view text)
     return markedUtf16FromUtf8(text).substr(2) + std::string(2, '\0');
 }
 
-bool isNamed(const AsfAttribute &attribute, std::string_view name)
+/// The lyric that `attribute` is, if it is one called `name`.
+std::optional<LyricField> lyricOf(const AsfAttribute &attribute, std::string_view name)
 {
-    return attribute.type == kAsfText && utf8FromUtf16(withoutTerminator(attribute.name), false) == name;
+    const bool isSynced = attribute.type == kAsfBytes && name == kSynced;
+    if ((attribute.type != kAsfText && !isSynced)
+        || utf8FromUtf16(withoutTerminator(attribute.name), false) != name)
+        return std::nullopt;
+    LyricField field;
+    field.tag = "ASF";
+    field.name = name;
+    field.synchronised = isSynced;
+    if (!isSynced) {
+        field.text = utf8FromUtf16(withoutTerminator(attribute.value()), false);
+        return field;
+    }
+    const std::optional<AsfSynced> synced = AsfSynced::parse(attribute.value());
+    if (!synced)
+        return std::nullopt;
+    field.description = utf8FromUtf16(synced->description, false);
+    field.text = lrcFromEntries(synced->entries);
+    return field;
 }
 
 bool isLyric(const AsfAttribute &attribute)
 {
     return std::any_of(kLyricNames.begin(), kLyricNames.end(),
-        [&attribute](std::string_view name) { return isNamed(attribute, name); });
+        [&attribute](std::string_view name) { return lyricOf(attribute, name).has_value(); });
+}
+
+/// The value with which an attribute like `old` says `text`; none when it can say nothing of it.
+std::string valueOf(const AsfAttribute &old, std::string_view text)
+{
+    if (old.type == kAsfText)
+        return text.empty() ? std::string() : terminatedUtf16(text);
+    AsfSynced synced = AsfSynced::parse(old.value()).value_or(AsfSynced());
+    // A new one tells its lines apart by line breaks, as in other tags.
+    const LineBreaks breaks = synced.entries.empty() ? LineBreaks::Leading : lineBreaksOf(synced.entries);
+    synced.entries = entriesFromLrc(text, breaks);
+    return synced.entries.empty() ? std::string() : synced.render();
 }
 
 /// The objects that hold attributes, in file order. `Header` may be constant.
@@ -131,13 +163,13 @@ void AttributeEdit::change(std::size_t at, std::string_view text)
     for (; at >= (*object)->attributes.size(); ++object)
         at -= (*object)->attributes.size();
     const AsfAttribute old = (*object)->attributes[at];
-    std::string value = terminatedUtf16(text);
-    if (!text.empty() && value.size() <= largestAsfValue((*object)->kind)) {
+    std::string value = valueOf(old, text);
+    if (!value.empty() && value.size() <= largestAsfValue((*object)->kind)) {
         (*object)->attributes[at] = makeAsfAttribute((*object)->kind, old, value);
         return;
     }
     m_gone[*object].push_back(at);
-    if (!text.empty())
+    if (!value.empty())
         m_added.push_back({old, std::move(value)});
 }
 
@@ -145,7 +177,9 @@ void AttributeEdit::add(std::string_view name, std::string_view text)
 {
     AsfAttribute attribute;
     attribute.name = terminatedUtf16(name);
-    m_added.push_back({std::move(attribute), terminatedUtf16(text)});
+    attribute.type = name == kSynced ? kAsfBytes : kAsfText;
+    std::string value = valueOf(attribute, text);
+    m_added.push_back({std::move(attribute), std::move(value)});
 }
 
 std::optional<Failure> AttributeEdit::finish()
@@ -174,15 +208,6 @@ std::optional<Failure> refusal(const AsfHeader &header)
             "The WMA file is signed by its author, which a change of the lyric would make void."};
     }
     return std::nullopt;
-}
-
-LyricField lyricField(const AsfAttribute &attribute, std::string_view name)
-{
-    LyricField field;
-    field.tag = "ASF";
-    field.name = name;
-    field.text = utf8FromUtf16(withoutTerminator(attribute.value()), false);
-    return field;
 }
 
 void appendOthers(std::vector<std::string> &others, const AsfObject &object, std::uint64_t fileSize)
@@ -215,8 +240,8 @@ std::vector<FoundLyric> lyricsOf(const AsfHeader &header)
         std::size_t at = 0;
         for (const AsfObject *object : attributeObjects(header)) {
             for (const AsfAttribute &attribute : object->attributes) {
-                if (isNamed(attribute, name))
-                    lyrics.push_back({at, lyricField(attribute, name)});
+                if (std::optional<LyricField> field = lyricOf(attribute, name))
+                    lyrics.push_back({at, std::move(*field)});
                 ++at;
             }
         }
@@ -226,8 +251,7 @@ std::vector<FoundLyric> lyricsOf(const AsfHeader &header)
 
 std::vector<std::string> newAsfNames()
 {
-    // The synchronised one is binary where it is written as published: as text it is only kept.
-    return {std::string(kLyricNames.front())};
+    return {kLyricNames.begin(), kLyricNames.end()};
 }
 
 std::optional<Failure> setLyrics(

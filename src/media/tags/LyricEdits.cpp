@@ -45,7 +45,8 @@ std::vector<FieldEdit> unguardedEdits(const std::vector<LyricField> &fields, std
 
 std::string heldText(const std::vector<LyricField> &fields, const LyricPlace &place, std::string_view text)
 {
-    const bool synchronised = place.field ? fields.at(*place.field).synchronised : place.newName == "SYLT";
+    const bool synchronised
+        = place.field ? fields.at(*place.field).synchronised : isSynchronisedName(place.newName);
     return synchronised ? holdableText(text) : std::string(text);
 }
 

@@ -53,6 +53,11 @@ bool holdsTimeTags(std::string_view lyric)
     return false;
 }
 
+bool isSynchronisedName(std::string_view name)
+{
+    return name == "SYLT" || name == "WM/Lyrics_Synchronised";
+}
+
 std::optional<Failure> tooMuchLyric(const std::vector<LyricField> &fields)
 {
     std::size_t bytes = 0;

@@ -47,6 +47,9 @@ struct LyricPlace
 /// Cost: linear, and it stops at the first one.
 [[nodiscard]] bool holdsTimeTags(std::string_view lyric);
 
+/// Whether a new field of this name holds times of its own, see LyricField::synchronised.
+[[nodiscard]] bool isSynchronisedName(std::string_view name);
+
 /// Why a file cannot have these fields: they are more than `kMaxLyricFields`, or longer than
 /// `kMaxLyricBytes`. Null when it can.
 [[nodiscard]] std::optional<Failure> tooMuchLyric(const std::vector<LyricField> &fields);

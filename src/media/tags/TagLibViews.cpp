@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/tags/TagLibViews.h"
 
+#include "media/tags/AsfSynced.h"
 #include "media/tags/Comparable.h"
 #include "media/tags/Id3v2Synced.h"
 #include "media/tags/TagLibReader.h"
@@ -120,6 +121,18 @@ std::string attributeValue(const TagLib::ASF::Attribute &attribute)
     }
 }
 
+/// A lyric's text when the attribute, by its name one or a synchronised one, is one.
+std::optional<std::string> lyricText(const TagLib::ASF::Attribute &attribute, bool isLyric, bool isSynced)
+{
+    if ((isLyric || isSynced) && attribute.type() == TagLib::ASF::Attribute::UnicodeType)
+        return utf8(attribute.toString());
+    if (!isSynced || attribute.type() != TagLib::ASF::Attribute::BytesType)
+        return std::nullopt;
+    const TagLib::ByteVector bytes = attribute.toByteVector();
+    const std::optional<AsfSynced> synced = AsfSynced::parse(viewOf(bytes));
+    return synced ? std::optional(lrcFromEntries(synced->entries)) : std::nullopt;
+}
+
 } // namespace
 
 void addView(const TagLib::ID3v2::Tag &tag, LibraryView &out, const std::optional<FrameLength> &frameLength)
@@ -192,10 +205,10 @@ void addView(const TagLib::ASF::Tag &tag, LibraryView &out)
 {
     bool haveFront = false;
     for (const auto &[name, attributes] : tag.attributeListMap()) {
-        const bool isLyric = name == "WM/Lyrics" || name == "WM/Lyrics_Synchronised";
+        const bool isSynced = name == "WM/Lyrics_Synchronised";
         for (const TagLib::ASF::Attribute &attribute : attributes) {
-            if (isLyric && attribute.type() == TagLib::ASF::Attribute::UnicodeType) {
-                out.lyrics.push_back(utf8(attribute.toString()));
+            if (const auto text = lyricText(attribute, name == "WM/Lyrics", isSynced)) {
+                out.lyrics.push_back(*text);
                 continue;
             }
             out.others.push_back(utf8(name) + ' ' + attributeValue(attribute));

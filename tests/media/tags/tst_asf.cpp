@@ -147,14 +147,72 @@ TEST(Asf, TheSizeOfTheFileIsPutRight)
     EXPECT_EQ(after.substr(at, 8), little(4711, 8));
 }
 
-TEST(Asf, BinarySynchronisedLyricIsKeptAndIsNoField)
+/// The value of a binary synchronised lyric: pieces with their times, as published.
+std::string synced(const std::vector<std::pair<std::string, unsigned>> &pieces, char unit = 2, char kind = 1,
+    const std::string &description = "by hand")
 {
-    const std::string binary
-        = extendedAttribute("WM/Lyrics_Synchronised", kBytes, std::string("\1\2\0\0x\0\0\0", 8));
-    const std::string file = wma({extended({binary, text("WM/Lyrics", "words")})});
-    EXPECT_THAT(fieldsOf(file), ElementsAre(lyric("words")));
-    EXPECT_EQ(edited(file, field(0), "other"), wma({extended({binary, text("WM/Lyrics", "other")})}));
-    EXPECT_EQ(edited(file, field(0), ""), wma({extended({binary})}));
+    std::string joined;
+    for (const auto &[words, time] : pieces)
+        joined += utf16(words) + little(time, 4);
+    return std::string{unit, kind} + little(joined.size(), 4) + utf16(description) + joined;
+}
+
+std::string syncedAttribute(const std::string &value)
+{
+    return extendedAttribute("WM/Lyrics_Synchronised", kBytes, value);
+}
+
+TEST(Asf, BinarySynchronisedLyricIsReadAndWritten)
+{
+    const auto file = [](const std::string &value) {
+        return wma({extended({syncedAttribute(value), text("WM/Mood", "calm")})});
+    };
+    const std::string before = file(synced({{"one", 1000}, {"two", 2500}}));
+    const LyricField field0
+        = {"ASF", "WM/Lyrics_Synchronised", "", "by hand", "[00:01.00]one\n[00:02.50]two\n", true};
+    EXPECT_THAT(fieldsOf(before), ElementsAre(field0));
+    EXPECT_EQ(edited(before, field(0), "[ti:x]\n[00:01.00]one\n[00:03.00]three\n"),
+        file(synced({{"one", 1000}, {"three", 3000}})));
+    EXPECT_EQ(edited(before, field(0), ""), wma({extended({text("WM/Mood", "calm")})}));
+}
+
+TEST(Asf, LinesOfABinarySynchronisedLyricAreToldApartAsTheyWere)
+{
+    const auto file = [](const std::string &value) { return wma({extended({syncedAttribute(value)})}); };
+    const std::string before = file(synced({{"la ", 1000}, {"la", 1500}, {"\nlo", 2000}}));
+    EXPECT_THAT(fieldsOf(before).front().text, "[00:01.00]<00:01.00>la <00:01.50>la\n[00:02.00]lo\n");
+    EXPECT_EQ(edited(before, field(0), "[00:01.00]<00:01.00>la <00:01.50>la\n[00:04.00]lo\n"),
+        file(synced({{"la ", 1000}, {"la", 1500}, {"\nlo", 4000}})));
+}
+
+TEST(Asf, ANewBinarySynchronisedLyricHoldsTimedLinesAlone)
+{
+    const std::string without = wma({extended({text("WM/Mood", "calm")})});
+    const std::string with
+        = edited(without, newField("WM/Lyrics_Synchronised"), "[ar:x]\n[00:01.00]\u8D70\nno time\n");
+    EXPECT_THAT(fieldsOf(with),
+        ElementsAre(LyricField{"ASF", "WM/Lyrics_Synchronised", "", "", "[00:01.00]\u8D70\n", true}));
+    EXPECT_EQ(edited(with, field(0), ""), without);
+}
+
+TEST(Asf, BinarySynchronisedLyricThatCannotBeUnderstoodIsKeptAndIsNoField)
+{
+    const std::string good = synced({{"one", 1000}});
+    const std::string values[] = {
+        std::string("\1\2\0\0x\0\0\0", 8), // too short
+        synced({{"one", 1000}}, 1), // in frames, of what length nobody knows
+        synced({{"one", 1000}}, 2, 5), // chords
+        good + "x", good.substr(0, good.size() - 1), // of another length than it says
+        synced({}).substr(0, 6), // no description
+    };
+    for (const std::string &value : values) {
+        SCOPED_TRACE(testing::PrintToString(value));
+        const std::string binary = syncedAttribute(value);
+        const std::string file = wma({extended({binary, text("WM/Lyrics", "words")})});
+        EXPECT_THAT(fieldsOf(file), ElementsAre(lyric("words")));
+        EXPECT_EQ(edited(file, field(0), "other"), wma({extended({binary, text("WM/Lyrics", "other")})}));
+        EXPECT_EQ(edited(file, field(0), ""), wma({extended({binary})}));
+    }
 }
 
 TEST(Asf, SynchronisedLyricThatIsTextIsAField)
@@ -165,7 +223,7 @@ TEST(Asf, SynchronisedLyricThatIsTextIsAField)
     EXPECT_THAT(fieldsOf(file("[00:01.00]a")),
         ElementsAre(lyric("plain"), lyric("[00:01.00]a", "WM/Lyrics_Synchronised")));
     EXPECT_EQ(edited(file("[00:01.00]a"), field(1), "[00:02.00]b"), file("[00:02.00]b"));
-    EXPECT_THAT(edits::newNamesOf(file("x")), ElementsAre("WM/Lyrics"));
+    EXPECT_THAT(edits::newNamesOf(file("x")), ElementsAre("WM/Lyrics", "WM/Lyrics_Synchronised"));
 }
 
 TEST(Asf, BytesAfterTheLastAttributeStay)
