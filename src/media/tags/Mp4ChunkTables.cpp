@@ -75,6 +75,23 @@ void collectTables(const Mp4Atom &atom, std::vector<const Mp4Atom *> &out)
     }
 }
 
+/// How much is looked at of what begins at `offset`: nothing of another part of the file, which may change.
+std::size_t sampledBytes(const Mp4Atom &file, std::uint64_t offset)
+{
+    const auto behind = std::upper_bound(file.children.begin(), file.children.end(), offset,
+        [](std::uint64_t at, const Mp4Atom &part) { return at < part.offset; });
+    const std::uint64_t end = behind == file.children.end() ? file.size : behind->offset;
+    return std::size_t(std::min<std::uint64_t>(kSampledBytes, end - std::min(offset, end)));
+}
+
+/// Whether `atom` holds offsets into the file of a kind that no song has, and that are not moved here: of
+/// encryption (`saio`), of items (`iloc`).
+bool holdsOtherOffsets(const Mp4Atom &atom)
+{
+    return atom.name == "saio" || atom.name == "iloc"
+        || std::any_of(atom.children.begin(), atom.children.end(), holdsOtherOffsets);
+}
+
 } // namespace
 
 std::optional<Failure> hostileTables(const ByteSource &source, const Mp4Atom &file)
@@ -102,6 +119,10 @@ Outcome<Edit> movedChunks(
         return Failure{Reason::Unsupported,
             "The MP4 file is split into fragments with an index of its own, which cannot be edited here."};
     }
+    if (holdsOtherOffsets(file)) {
+        return Failure{Reason::Unsupported,
+            "The MP4 file is encrypted or holds more than sound, in a form that cannot be edited here."};
+    }
     std::vector<const Mp4Atom *> tables;
     collectTables(file, tables);
     for (const Mp4Atom *atom : tables) {
@@ -115,7 +136,7 @@ Outcome<Edit> movedChunks(
     return edit;
 }
 
-std::optional<std::string> chunkTarget(const ByteSource &source, const Mp4Atom &atom)
+std::optional<std::string> chunkTarget(const ByteSource &source, const Mp4Atom &file, const Mp4Atom &atom)
 {
     const std::optional<Table> table = tableOf(source, atom);
     if (!table)
@@ -123,7 +144,7 @@ std::optional<std::string> chunkTarget(const ByteSource &source, const Mp4Atom &
     Hash hash;
     hash.add(table->body.substr(0, table->at));
     for (std::size_t i = 0; i < table->count; ++i)
-        hash.add(source.read(table->offset(i), kSampledBytes));
+        hash.add(source.read(table->offset(i), sampledBytes(file, table->offset(i))));
     hash.add(table->body.substr(table->at + table->count * table->width));
     return std::to_string(table->count) + ' ' + std::to_string(hash.value());
 }

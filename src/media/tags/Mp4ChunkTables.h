@@ -22,8 +22,9 @@ struct Mp4Atom;
 [[nodiscard]] Outcome<Edit> movedChunks(
     const ByteSource &source, const Mp4Atom &file, std::uint64_t from, std::uint64_t delta);
 
-/// What a chunk table points at, independent of where that stands: a digest of the bytes at
+/// What a chunk table of `file` points at, independent of where that stands: a digest of the first bytes at
 /// each of its offsets. Null when `atom` is no chunk table.
-[[nodiscard]] std::optional<std::string> chunkTarget(const ByteSource &source, const Mp4Atom &atom);
+[[nodiscard]] std::optional<std::string> chunkTarget(
+    const ByteSource &source, const Mp4Atom &file, const Mp4Atom &atom);
 
 } // namespace tags

@@ -116,9 +116,9 @@ std::vector<LyricField> Mp4Container::lyricFields() const
 }
 
 /// What is compared of an atom.
-std::string contentOf(const ByteSource &source, const Mp4Atom &atom)
+std::string contentOf(const ByteSource &source, const Mp4Atom &file, const Mp4Atom &atom)
 {
-    const std::optional<std::string> target = chunkTarget(source, atom);
+    const std::optional<std::string> target = chunkTarget(source, file, atom);
     return target ? *target : comparable(source, atom.bodyAt(), atom.size - atom.header);
 }
 
@@ -138,7 +138,7 @@ void Mp4Container::addOthers(
             || &atom == m_place.list)
             addOthers(atom, here, out);
         else
-            out.push_back(here + ' ' + contentOf(m_source, atom));
+            out.push_back(here + ' ' + contentOf(m_source, m_file, atom));
     }
 }
 

@@ -111,28 +111,39 @@ bool ExpectedFields::areMetBy(const std::vector<LyricField> &after)
     return m_kept.empty() && m_added.empty();
 }
 
-/// What TagLib ought to find after the edits. It makes its own of some texts (byte-order marks, what
-/// is no UTF-8), which only the comparison of bytes above can judge.
-bool libraryAgrees(const LibraryView &old, const LibraryView &edited, const std::vector<std::string> &texts)
+/// Whether TagLib finds `text`. It makes its own of some texts (byte-order marks, what is no UTF-8), which
+/// only the comparison of bytes can judge.
+bool finds(const LibraryView &view, const std::string &text)
 {
-    if (old.title != edited.title || old.artist != edited.artist || old.album != edited.album
-        || old.cover != edited.cover || old.duration != edited.duration || old.others != edited.others)
-        return false;
-    return std::all_of(texts.begin(), texts.end(), [&edited](const std::string &text) {
-        const auto finds = [&edited](const std::string &wanted) {
-            return std::binary_search(edited.lyrics.begin(), edited.lyrics.end(), wanted);
-        };
-        const std::string asRead = textAsTagLibReads(text);
-        return asRead.empty() || finds(text) || finds(asRead);
-    });
+    const auto holds = [&view](const std::string &wanted) {
+        return std::binary_search(view.lyrics.begin(), view.lyrics.end(), wanted);
+    };
+    const std::string asRead = textAsTagLibReads(text);
+    return asRead.empty() || holds(text) || holds(asRead);
 }
 
-std::vector<std::string> heldTexts(const std::vector<LyricField> &fields, const std::vector<FieldEdit> &edits)
+/// Everything but the lyrics.
+bool libraryAgrees(const LibraryView &old, const LibraryView &edited)
 {
-    std::vector<std::string> texts;
-    for (const FieldEdit &edit : edits)
-        texts.push_back(heldText(fields, edit.place, edit.text));
-    return texts;
+    return old.title == edited.title && old.artist == edited.artist && old.album == edited.album
+        && old.cover == edited.cover && old.duration == edited.duration && old.others == edited.others;
+}
+
+/// Whether TagLib finds the text of each edit. Where it shows fewer fields than there are, it knows one of
+/// each name, and any of that name will do.
+bool libraryFinds(
+    const LibraryView &view, const std::vector<LyricField> &before, const std::vector<FieldEdit> &edits)
+{
+    const std::vector<LyricField> after = fieldsAfter(before, edits);
+    const bool showsAll = view.lyrics.size() >= after.size();
+    return std::all_of(edits.begin(), edits.end(), [&](const FieldEdit &edit) {
+        const std::string name = edit.place.field ? before[*edit.place.field].name : edit.place.newName;
+        const auto standsFor = [&](const LyricField &field) {
+            return (name.empty() || field.name.empty() || field.name == name) && finds(view, field.text);
+        };
+        return finds(view, heldText(before, edit.place, edit.text))
+            || (!showsAll && std::any_of(after.begin(), after.end(), standsFor));
+    });
 }
 
 bool holdsNul(const std::vector<FieldEdit> &edits)
@@ -188,8 +199,8 @@ std::optional<Failure> differsFrom(const ByteSource &old, const Container &oldCo
     const Outcome<LibraryView> after = comparableView(edited, format, name);
     if (edited.hasFailed())
         return Failure{Reason::SystemError, "The file could not be read to its end, so it was left alone."};
-    if (before.ok() && after.ok()
-        && libraryAgrees(before.value(), after.value(), heldTexts(oldContainer.lyricFields(), edits)))
+    if (before.ok() && after.ok() && libraryAgrees(before.value(), after.value())
+        && libraryFinds(after.value(), oldContainer.lyricFields(), edits))
         return std::nullopt;
     if (!holdsNul(edits))
         return wouldChange("how other programs read it");
