@@ -30,7 +30,7 @@ void broken(const char *what)
     std::abort();
 }
 
-/// `source` with the field at `place` changed to `text`, where that is possible and nothing else changes.
+/// `source` with these edits, where that is possible and nothing else changes.
 struct Attempt
 {
     std::unique_ptr<tags::PatchedSource> source;
@@ -38,10 +38,9 @@ struct Attempt
 };
 
 Attempt attempt(const tags::ByteSource &source, const tags::Container &container, tags::Format format,
-    const tags::LyricPlace &place, std::string_view text)
+    const std::vector<tags::FieldEdit> &edits)
 {
     Attempt out;
-    const std::vector<tags::FieldEdit> edits = {{place, std::string(text)}};
     const auto edit = container.withLyrics(edits);
     if (!edit.ok())
         return out;
@@ -54,6 +53,15 @@ Attempt attempt(const tags::ByteSource &source, const tags::Container &container
         broken("what was accepted cannot be read");
     out.source = std::move(edited);
     return out;
+}
+
+/// Every field but each third, which goes, and a new one.
+std::vector<tags::FieldEdit> editsOfAll(std::size_t fields, std::string_view text, const std::string &newName)
+{
+    std::vector<tags::FieldEdit> edits = {{{std::nullopt, newName}, std::string(text)}};
+    for (std::size_t i = 0; i < fields; ++i)
+        edits.push_back({{i, {}}, i % 3 == 2 ? std::string() : std::string(text)});
+    return edits;
 }
 
 } // namespace
@@ -77,7 +85,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const tags::LyricPlace place = isNew ? tags::LyricPlace{std::nullopt, names[data[0] % names.size()]}
                                          : tags::LyricPlace{chosen, {}};
     const std::string_view text = kTexts[data[1] % kTexts.size()];
-    const Attempt there = attempt(source, *container.value(), format.value(), place, text);
+    attempt(source, *container.value(), format.value(), editsOfAll(fields.size(), text, names.back()));
+    const Attempt there = attempt(source, *container.value(), format.value(), {{place, std::string(text)}});
     if (!there.source)
         return 0;
     const auto newFields = there.container.value()->lyricFields();
@@ -86,6 +95,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (isNew && !text.empty() && newFields.size() != fields.size() + 1)
         broken("one field more was expected");
     if (!isNew && !text.empty() && newFields.size() == fields.size())
-        attempt(*there.source, *there.container.value(), format.value(), place, fields[chosen].text);
+        attempt(*there.source, *there.container.value(), format.value(), {{place, fields[chosen].text}});
     return 0;
 }
