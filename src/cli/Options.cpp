@@ -43,9 +43,8 @@ constexpr std::array kOptions{
     OptionInfo{Option::Quiet, "--quiet", 'q', "", "",
         "no remarks and no progress on standard error; complaints stay"},
     OptionInfo{Option::Field, "--field", '\0', "FIELD", "",
-        "this lyric field: its name or number, as 'fields' shows them; embed: may stand several times, and "
-        "all "
-        "means every field that is there"},
+        "this lyric field: its name or number, as 'fields' shows them, or USLT:deu; embed: may stand several "
+        "times, and all means every field that is there"},
     OptionInfo{Option::Clear, "--clear", '\0', "FIELD", "", "take this field out; may stand several times"},
     OptionInfo{Option::Equal, "--equal", '\0', "", "",
         "bring the fields that are stale to what the lyric says: the whole lyric, or its words alone"},

@@ -340,6 +340,7 @@ class Audio(Folder):
         status, out, _ = run("fields", "--json", self.song)
         answer = json.loads(out)
         self.assertEqual([field["text"] for field in answer["fields"] if field["is_lyric"]], [lyric.decode()])
+        self.assertEqual([field["number"] for field in answer["fields"]], [1])
         self.assertGreater(answer["duration_ms"], 1000)
         changed = self.song.stat()
         self.assertEqual(json.loads(run("embed", "--json", self.song, path)[1]),

@@ -45,9 +45,11 @@ void write(const AudioFields &file, Report &report)
     JsonWriter json = report.beginJson();
     json.key("duration_ms").number(lyrics::millisFromSeconds(file.audio.duration));
     json.key("fields").beginArray();
+    int number = 0;
     for (const tags::FieldSet::Entry &entry : file.fields.entries()) {
         const tags::LyricField &field = entry.field;
-        json.beginObject().key("tag").string(field.tag).key("name").string(field.name);
+        json.beginObject().key("number").number(++number).key("tag").string(field.tag).key("name").string(
+            field.name);
         json.key("language").string(field.language).key("description").string(field.description);
         json.key("is_lyric").boolean(entry.isLyric).key("has_times").boolean(entry.hasTimes);
         json.key("is_synchronised").boolean(field.synchronised).key("is_stale").boolean(entry.isStale);

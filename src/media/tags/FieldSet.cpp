@@ -178,14 +178,14 @@ std::string_view FieldSet::lyric() const
     return found == m_entries.end() ? std::string_view() : std::string_view(found->field.text);
 }
 
-/// The fields that are called so, by the name alone or by name and language.
+/// The fields that are called so: by the name alone, by name and language, or as labelOf() shows them.
 std::vector<std::size_t> FieldSet::named(std::string_view name) const
 {
     std::vector<std::size_t> found;
     for (std::size_t i = 0; i < m_entries.size(); ++i) {
         const LyricField &field = m_entries[i].field;
         const std::string own = upper(field.name);
-        if (own == name || own + ':' + upper(field.language) == name)
+        if (own == name || own + ':' + upper(field.language) == name || upper(labelOf(field)) == name)
             found.push_back(i);
     }
     return found;

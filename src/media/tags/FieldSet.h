@@ -47,8 +47,8 @@ public:
     [[nodiscard]] std::string_view lyric() const;
 
     /// The field that a user means by `name`: its number from 1, its name in any case, or name and language
-    /// as `USLT:deu` where there are several; one that could be added, when there is none of that name.
-    /// Refused, with the names that there are, when it is none of these or more than one.
+    /// as `USLT:deu` or `USLT (deu)` where there are several; one that could be added, when there is none of
+    /// that name. Refused, with the names that there are, when it is none of these or more than one.
     [[nodiscard]] Outcome<LyricPlace> find(std::string_view name) const;
 
     /// The edits after which no field is stale: those with times get the lyric, the others its words. What is

@@ -118,6 +118,7 @@ TEST(FieldSet, FindsByNumberNameAndLanguage)
         {"USLT", "TXXX:SYNCEDLYRICS"});
     EXPECT_EQ(set.find("2").value().field, 1U);
     EXPECT_EQ(set.find("uslt:DEU").value().field, 1U);
+    EXPECT_EQ(set.find("USLT (deu)").value().field, 1U);
     EXPECT_EQ(set.find("txxx:lyrics").value().field, 2U);
     const auto added = set.find("txxx:syncedlyrics");
     EXPECT_FALSE(added.value().field.has_value());
