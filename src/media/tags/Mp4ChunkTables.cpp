@@ -27,27 +27,27 @@ struct Table
     [[nodiscard]] std::uint64_t offset(std::size_t i) const { return bigEndian(body, at + i * width, width); }
 };
 
-/// Null when `atom` is no table of offsets into the file.
+bool isTable(const Mp4Atom &atom)
+{
+    return atom.name == "stco" || atom.name == "co64" || atom.name == "tfhd";
+}
+
+/// Null when `atom` is no table of offsets into the file, or too short to be one.
 std::optional<Table> tableOf(const ByteSource &source, const Mp4Atom &atom)
 {
+    if (!isTable(atom))
+        return std::nullopt;
     Table table;
-    if (atom.name == "stco" || atom.name == "co64") {
-        table.body = atom.body(source);
-        table.at = 8;
-        table.width = atom.name == "stco" ? 4 : 8;
-        const std::size_t room = table.body.size() < 8 ? 0 : (table.body.size() - 8) / table.width;
-        table.count = std::size_t(std::min<std::uint64_t>(bigEndian(table.body, 4, 4), room));
-        return table;
-    }
-    if (atom.name == "tfhd") {
-        table.body = atom.body(source);
-        table.at = 8; // behind flags and track
-        table.width = 8;
-        const bool hasBase = (bigEndian(table.body, 0, 4) & 1U) && table.body.size() >= 16;
-        table.count = hasBase ? 1 : 0;
-        return table;
-    }
-    return std::nullopt;
+    table.body = atom.body(source);
+    table.at = 8; // behind flags and count, or track
+    if (table.body.size() < table.at)
+        return std::nullopt;
+    table.width = atom.name == "stco" ? 4 : 8;
+    const std::size_t room = (table.body.size() - table.at) / table.width;
+    const bool hasBase = bigEndian(table.body, 0, 4) & 1U;
+    const std::uint64_t claimed = atom.name == "tfhd" ? hasBase : bigEndian(table.body, 4, 4);
+    table.count = std::size_t(std::min<std::uint64_t>(claimed, room));
+    return table;
 }
 
 /// The table's body with what lies from `from` on moved; null when an offset does not fit.
@@ -69,7 +69,7 @@ std::optional<std::string> moved(const Table &table, std::uint64_t from, std::ui
 void collectTables(const Mp4Atom &atom, std::vector<const Mp4Atom *> &out)
 {
     for (const Mp4Atom &child : atom.children) {
-        if (child.name == "stco" || child.name == "co64" || child.name == "tfhd")
+        if (isTable(child))
             out.push_back(&child);
         collectTables(child, out);
     }
@@ -94,15 +94,13 @@ bool holdsOtherOffsets(const Mp4Atom &atom)
 
 } // namespace
 
-std::optional<Failure> hostileTables(const ByteSource &source, const Mp4Atom &file)
+std::optional<Failure> hostileTables(const Mp4Atom &file)
 {
     std::vector<const Mp4Atom *> tables;
     collectTables(file, tables);
     std::uint64_t offsets = 0;
-    for (const Mp4Atom *atom : tables) {
-        const std::uint64_t room = (atom->size - atom->header) / (atom->name == "stco" ? 4 : 8);
-        offsets += std::min(room, bigEndian(source.read(atom->bodyAt() + 4, 4), 0, 4));
-    }
+    for (const Mp4Atom *atom : tables)
+        offsets += (atom->size - atom->header) / (atom->name == "stco" ? 4 : 8); // whatever it claims
     if (offsets <= kMaxOffsets)
         return std::nullopt;
     return Failure{Reason::Hostile,
@@ -127,6 +125,8 @@ Outcome<Edit> movedChunks(
     collectTables(file, tables);
     for (const Mp4Atom *atom : tables) {
         const std::optional<Table> table = tableOf(source, *atom);
+        if (!table)
+            continue;
         const std::optional<std::string> body = moved(*table, from, delta);
         if (!body)
             return Failure{Reason::TooLarge, "The lyric is too long for this MP4 file."};

@@ -13,9 +13,9 @@ namespace tags {
 class ByteSource;
 struct Mp4Atom;
 
-/// Why the chunk tables of `file` are not to be looked at: more than two million offsets, which no recording
-/// has. Null when they are harmless.
-[[nodiscard]] std::optional<Failure> hostileTables(const ByteSource &source, const Mp4Atom &file);
+/// Why the chunk tables of `file` are not to be looked at: room for more than two million offsets, which no
+/// recording has. Null when they are harmless.
+[[nodiscard]] std::optional<Failure> hostileTables(const Mp4Atom &file);
 
 /// The patches that keep the chunk tables (`stco`, `co64`, `tfhd`) of `file` right when
 /// everything from `from` on moves by `delta` bytes (modulo 2^64).

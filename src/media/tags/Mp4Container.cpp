@@ -255,7 +255,7 @@ ContainerOutcome parseMp4(const ByteSource &source)
     Outcome<Mp4Atom> file = parseMp4Atoms(source);
     if (!file.ok())
         return file.failure();
-    if (auto failure = hostileTables(source, file.value()))
+    if (auto failure = hostileTables(file.value()))
         return *failure;
     const Place place = findPlace(file.value());
     if (place.list && place.list->size > kMaxListBytes)

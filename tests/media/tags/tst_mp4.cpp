@@ -140,6 +140,18 @@ TEST(Mp4, WhatPointsIntoTheFileInOtherWaysIsLeftAlone)
     }
 }
 
+TEST(Mp4, ATableTooShortToBeOneStaysAsItIs)
+{
+    for (const char *name : {"stco", "co64", "tfhd"}) {
+        Song song;
+        song.more
+            = atom("trak", atom("mdia", atom("minf", atom("stbl", atom(name, "") + atom(name, "1234567")))));
+        const std::string before = song.bytes();
+        song.list = lyricAtom("longer than it was");
+        EXPECT_EQ(edited(before, field(0), "longer than it was"), song.bytes()) << name;
+    }
+}
+
 TEST(Mp4, FragmentsPointAtTheirSoundAfterwards)
 {
     const auto fragment = [](std::uint64_t base) {
