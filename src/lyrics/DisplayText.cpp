@@ -31,9 +31,28 @@ const char *endOfPlain(const char *p, const char *end)
     return std::find_if(p, end, [](char c) { return c < 0x20 || c >= 0x7F; });
 }
 
-} // namespace
+struct Appender
+{
+    std::u16string &out;
 
-void appendDisplayText(std::u16string &out, std::string_view text, std::size_t limit)
+    void addPlain(const char *begin, std::size_t count)
+    {
+        out.resize(out.size() + count);
+        std::copy(begin, begin + count, out.end() - static_cast<std::ptrdiff_t>(count));
+    }
+    void addUnit(char16_t unit) { out += unit; }
+};
+
+struct Counter
+{
+    std::size_t units = 0;
+
+    void addPlain(const char * /*begin*/, std::size_t count) { units += count; }
+    void addUnit(char16_t /*unit*/) { ++units; }
+};
+
+template <class Sink>
+void show(Sink &sink, std::string_view text, std::size_t limit)
 {
     const char *end = text.data() + text.size();
     std::size_t units = 0;
@@ -41,8 +60,7 @@ void appendDisplayText(std::u16string &out, std::string_view text, std::size_t l
         const auto room = static_cast<std::ptrdiff_t>(std::min(limit - units, text.size()));
         const char *const plain = endOfPlain(p, p + std::min(room, end - p));
         const auto count = static_cast<std::size_t>(plain - p);
-        out.resize(out.size() + count);
-        std::copy(p, plain, out.end() - (plain - p));
+        sink.addPlain(p, count);
         units += count;
         p = plain;
         if (p == end)
@@ -50,17 +68,32 @@ void appendDisplayText(std::u16string &out, std::string_view text, std::size_t l
         const char32_t c = fitForView(nextCharacter(p, end));
         const std::size_t needed = c > 0xFFFF ? 2 : 1;
         if (limit - units < needed) {
-            out += kEllipsis;
+            sink.addUnit(kEllipsis);
             return;
         }
         units += needed;
         if (needed == 1) {
-            out += static_cast<char16_t>(c);
+            sink.addUnit(static_cast<char16_t>(c));
             continue;
         }
-        out += static_cast<char16_t>(0xD7C0 + (c >> 10));
-        out += static_cast<char16_t>(0xDC00 + (c & 0x3FF));
+        sink.addUnit(static_cast<char16_t>(0xD7C0 + (c >> 10)));
+        sink.addUnit(static_cast<char16_t>(0xDC00 + (c & 0x3FF)));
     }
+}
+
+} // namespace
+
+void appendDisplayText(std::u16string &out, std::string_view text, std::size_t limit)
+{
+    Appender appender{out};
+    show(appender, text, limit);
+}
+
+std::size_t displayLength(std::string_view text, std::size_t limit)
+{
+    Counter counter;
+    show(counter, text, limit);
+    return counter.units;
 }
 
 DisplayExtent displayExtent(std::string_view text, std::size_t units)
