@@ -4,6 +4,8 @@
 #include "lyrics/Utf8.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace lyrics {
 namespace {
@@ -31,28 +33,40 @@ const char *endOfPlain(const char *p, const char *end)
     return std::find_if(p, end, [](char c) { return c < 0x20 || c >= 0x7F; });
 }
 
-struct Appender
-{
-    std::u16string &out;
+constexpr std::size_t kWord = 8;
 
-    void addPlain(const char *begin, std::size_t count)
-    {
-        out.resize(out.size() + count);
-        std::copy(begin, begin + count, out.end() - static_cast<std::ptrdiff_t>(count));
+/// Eight bytes that are each shown as one unit.
+bool isAsciiWord(const char *p)
+{
+    std::uint64_t word = 0;
+    std::memcpy(&word, p, sizeof word);
+    return (word & 0x8080'8080'8080'8080) == 0;
+}
+
+bool isFollowing(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+/// How many units show the character at `p`, which moves behind it. `p` < `end`.
+std::size_t passCharacter(const char *&p, const char *end)
+{
+    const auto lead = static_cast<unsigned char>(*p);
+    if (lead < 0x80) {
+        ++p;
+        return 1;
     }
-    void addUnit(char16_t unit) { out += unit; }
-};
+    // Most of Chinese, Japanese and Korean.
+    if (lead >= 0xE1 && lead <= 0xEC && end - p >= 3 && isFollowing(p[1]) && isFollowing(p[2])) {
+        p += 3;
+        return 1;
+    }
+    return fitForView(nextCharacter(p, end)) > 0xFFFF ? 2 : 1;
+}
 
-struct Counter
-{
-    std::size_t units = 0;
+} // namespace
 
-    void addPlain(const char * /*begin*/, std::size_t count) { units += count; }
-    void addUnit(char16_t /*unit*/) { ++units; }
-};
-
-template <class Sink>
-void show(Sink &sink, std::string_view text, std::size_t limit)
+void appendDisplayText(std::u16string &out, std::string_view text, std::size_t limit)
 {
     const char *end = text.data() + text.size();
     std::size_t units = 0;
@@ -60,7 +74,8 @@ void show(Sink &sink, std::string_view text, std::size_t limit)
         const auto room = static_cast<std::ptrdiff_t>(std::min(limit - units, text.size()));
         const char *const plain = endOfPlain(p, p + std::min(room, end - p));
         const auto count = static_cast<std::size_t>(plain - p);
-        sink.addPlain(p, count);
+        out.resize(out.size() + count);
+        std::copy(p, plain, out.end() - (plain - p));
         units += count;
         p = plain;
         if (p == end)
@@ -68,32 +83,27 @@ void show(Sink &sink, std::string_view text, std::size_t limit)
         const char32_t c = fitForView(nextCharacter(p, end));
         const std::size_t needed = c > 0xFFFF ? 2 : 1;
         if (limit - units < needed) {
-            sink.addUnit(kEllipsis);
+            out += kEllipsis;
             return;
         }
         units += needed;
         if (needed == 1) {
-            sink.addUnit(static_cast<char16_t>(c));
+            out += static_cast<char16_t>(c);
             continue;
         }
-        sink.addUnit(static_cast<char16_t>(0xD7C0 + (c >> 10)));
-        sink.addUnit(static_cast<char16_t>(0xDC00 + (c & 0x3FF)));
+        out += static_cast<char16_t>(0xD7C0 + (c >> 10));
+        out += static_cast<char16_t>(0xDC00 + (c & 0x3FF));
     }
-}
-
-} // namespace
-
-void appendDisplayText(std::u16string &out, std::string_view text, std::size_t limit)
-{
-    Appender appender{out};
-    show(appender, text, limit);
 }
 
 std::size_t displayLength(std::string_view text, std::size_t limit)
 {
-    Counter counter;
-    show(counter, text, limit);
-    return counter.units;
+    // No text has more units than bytes.
+    if (text.size() <= limit)
+        return displayExtent(text).units;
+    std::u16string shown;
+    appendDisplayText(shown, text, limit);
+    return shown.size();
 }
 
 DisplayExtent displayExtent(std::string_view text, std::size_t units)
@@ -101,8 +111,14 @@ DisplayExtent displayExtent(std::string_view text, std::size_t units)
     const char *const end = text.data() + text.size();
     const char *p = text.data();
     DisplayExtent extent;
-    while (p < end && extent.units < units)
-        extent.units += fitForView(nextCharacter(p, end)) > 0xFFFF ? 2 : 1;
+    while (p < end && extent.units < units) {
+        if (static_cast<std::size_t>(end - p) >= kWord && units - extent.units >= kWord && isAsciiWord(p)) {
+            p += kWord;
+            extent.units += kWord;
+        } else {
+            extent.units += passCharacter(p, end);
+        }
+    }
     extent.bytes = static_cast<std::size_t>(p - text.data());
     return extent;
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <numeric>
 #include <utility>
 
 namespace lyrics {
@@ -50,7 +51,10 @@ bool isPreviewTag(const RBSongLine &line)
 std::vector<PreviewEntry> previewOrder(std::span<const RBSongLine> lines, PreviewPart part)
 {
     std::vector<PreviewEntry> order;
-    order.reserve(lines.size());
+    order.reserve(std::accumulate(
+        lines.begin(), lines.end(), std::size_t(0), [](std::size_t sum, const RBSongLine &line) {
+            return sum + std::max<std::size_t>(1, line.aryTimes().count());
+        }));
     Repeats repeats;
     for (std::uint32_t i = 0; i < lines.size(); ++i) {
         const TimeList &times = lines[i].aryTimes();
