@@ -18,6 +18,7 @@
 namespace {
 
 constexpr double kFrame = 1e9 / 60; ///< nanoseconds
+constexpr int kTicks = 2'000;
 constexpr std::size_t kSmall = 60;
 constexpr std::size_t kLarge = 100'000;
 
@@ -139,14 +140,14 @@ void measureTicks()
         const double bare = bareRepaint(desk);
         Paints paints(*desk.window);
         std::vector<double> same, changed;
-        for (int i = 0; i < 200; ++i) {
+        for (int i = 0; i < kTicks; ++i) {
             same.push_back(taken([&desk] {
                 desk.tick(2.5);
                 settle();
             }));
         }
         const int paintsOfSame = paints.count();
-        for (int i = 0; i < 200; ++i) {
+        for (int i = 0; i < kTicks; ++i) {
             changed.push_back(taken([&desk, i] {
                 desk.tick(3 + i * 1.7);
                 settle();
@@ -154,7 +155,7 @@ void measureTicks()
         }
         table::row("tick, nothing new", lines, quantile(same, 0.5), "bare repaint", bare, 0.05);
         table::row("tick, another line", lines, quantile(changed, 0.5), "bare repaint", bare, 1);
-        std::printf("    %d paints in 200 ticks with nothing new\n", paintsOfSame);
+        std::printf("    %d paints in %d ticks with nothing new\n", paintsOfSame, kTicks);
     }
 }
 
