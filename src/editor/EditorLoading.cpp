@@ -63,8 +63,9 @@ void TQLRCEditorViewCtl::flushWithOriginalSongText(const QByteArray &text)
     // What is still being typed belongs to the text that goes.
     flushSource();
     forgetSpellingOfCopies();
-    m_originSong.buildWithLrcText(bytes(text));
     m_song.buildWithLrcText(bytes(text));
+    // A copy shares the bytes, and is made faster than they are read again.
+    m_originSong = m_song;
     m_history.clear();
     m_textIsNewSinceItem = true;
     reloadDataWithLrcChanged();

@@ -15,8 +15,8 @@
 void TQLRCEditorViewCtl::previewClicked(QObject *sender)
 {
     const auto alive = self();
-    const QByteArray text = songText();
-    if (!RBPreviewSong::hasLines({text.constData(), static_cast<std::size_t>(text.size())})) {
+    m_song.updateSongText();
+    if (!RBPreviewSong::hasLines(m_song.songText())) {
         TQAlert::OK_info(localized(QStringLiteral("No tags have been entered yet. Please insert tags first "
                                                   "and then preview the lyrics.")),
             {});

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
 
 namespace {
 
@@ -155,10 +156,10 @@ void TQLRCEditorViewCtl::updatePlayerProgress(double seconds)
     if (!m_lblTabTime) {
         return;
     }
-    const QString text = QLatin1Char('[') + getTimeStr(seconds) + QLatin1Char(']');
+    const std::string text = '[' + RBUtils::getTimeIntervalMMSSMSStr(m_positionMillis) + ']';
     // A hundred ticks a second, and most of them within the same hundredth: painted once.
-    if (m_lblTabTime->text() != text) {
-        m_lblTabTime->setText(text);
+    if (m_lblTabTime->text() != QLatin1String(text.data(), static_cast<qsizetype>(text.size()))) {
+        m_lblTabTime->setText(QString::fromStdString(text));
     }
 }
 

@@ -192,6 +192,8 @@ std::shared_ptr<media::TaggedAudioFile> DeskWindow::readable(const QString &path
 
 bool DeskWindow::open(const QString &path)
 {
+    // Beside the reading of the file, and not beside the building of the window, which it would slow down.
+    media::Player::prepare();
     m_saving->wait();
     // Read first: what cannot be read replaces nothing, and nobody is asked because of it.
     auto item = readable(path);

@@ -15,11 +15,11 @@ FiguresLabel::FiguresLabel(QWidget *parent) : QLabel(parent)
     setTextFormat(Qt::PlainText);
 }
 
-void FiguresLabel::setFigures(const QString &text)
+void FiguresLabel::setFigures(QAnyStringView text)
 {
-    if (text == this->text())
+    if (QAnyStringView::equal(text, this->text()))
         return;
-    QLabel::setText(text);
+    QLabel::setText(text.toString());
     if (text.size() != m_fittedLength)
         fitSize();
 }

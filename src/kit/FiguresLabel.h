@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtCore/QAnyStringView>
 #include <QtWidgets/QLabel>
 
 #include <vector>
@@ -18,7 +19,7 @@ public:
     explicit FiguresLabel(QWidget *parent = nullptr);
 
     /// setText() that does nothing when the text is the same.
-    void setFigures(const QString &text);
+    void setFigures(QAnyStringView text);
     /// The same, for those who know it as a label.
     void setText(const QString &text) { setFigures(text); }
 

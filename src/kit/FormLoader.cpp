@@ -5,6 +5,7 @@
 #include "kit/Log.h"
 #include "kit/ThemedForm.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QHash>
 #include <QtUiTools/QUiLoader>
@@ -28,14 +29,31 @@ FormLoader::Translator &currentTranslator()
     return translator;
 }
 
+/// Nothing is found where libraries are looked for, as long as this lives.
+class NoLibraryPaths
+{
+public:
+    NoLibraryPaths() { QCoreApplication::setLibraryPaths({}); }
+    ~NoLibraryPaths() { QCoreApplication::setLibraryPaths(m_paths); }
+    NoLibraryPaths(const NoLibraryPaths &) = delete;
+    NoLibraryPaths &operator=(const NoLibraryPaths &) = delete;
+
+private:
+    QStringList m_paths = QCoreApplication::libraryPaths();
+};
+
 class Loader : public QUiLoader
 {
 public:
-    Loader()
+    static std::unique_ptr<Loader> create()
     {
-        clearPluginPaths();
-        setTranslationEnabled(false);
+        // The toolkit's constructor loads what plug-ins for designers the machine has, and with them
+        // libraries that take as long as a window does. It can be told not to only when it is done.
+        const NoLibraryPaths none;
+        return std::make_unique<Loader>();
     }
+
+    Loader() { setTranslationEnabled(false); }
 
     QWidget *createWidget(const QString &className, QWidget *parent, const QString &name) override
     {
@@ -99,10 +117,10 @@ std::unique_ptr<QWidget> FormLoader::load(const QString &path)
         return true;
     }();
     static_cast<void>(kitIsKnown);
-    Loader loader;
-    std::unique_ptr<QWidget> root(loader.load(&file));
+    const std::unique_ptr<Loader> loader = Loader::create();
+    std::unique_ptr<QWidget> root(loader->load(&file));
     if (root == nullptr) {
-        qCWarning(lcKit) << "bad form" << path << loader.errorString();
+        qCWarning(lcKit) << "bad form" << path << loader->errorString();
         return nullptr;
     }
     translateForm(root.get());

@@ -4,6 +4,8 @@
 #include "lyrics/Utf8.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace lyrics {
 namespace {
@@ -29,6 +31,37 @@ char32_t fitForView(char32_t c)
 const char *endOfPlain(const char *p, const char *end)
 {
     return std::find_if(p, end, [](char c) { return c < 0x20 || c >= 0x7F; });
+}
+
+constexpr std::size_t kWord = 8;
+
+/// Eight bytes that are each shown as one unit.
+bool isAsciiWord(const char *p)
+{
+    std::uint64_t word = 0;
+    std::memcpy(&word, p, sizeof word);
+    return (word & 0x8080'8080'8080'8080) == 0;
+}
+
+bool isFollowing(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+/// How many units show the character at `p`, which moves behind it. `p` < `end`.
+std::size_t passCharacter(const char *&p, const char *end)
+{
+    const auto lead = static_cast<unsigned char>(*p);
+    if (lead < 0x80) {
+        ++p;
+        return 1;
+    }
+    // Most of Chinese, Japanese and Korean.
+    if (lead >= 0xE1 && lead <= 0xEC && end - p >= 3 && isFollowing(p[1]) && isFollowing(p[2])) {
+        p += 3;
+        return 1;
+    }
+    return fitForView(nextCharacter(p, end)) > 0xFFFF ? 2 : 1;
 }
 
 } // namespace
@@ -63,13 +96,29 @@ void appendDisplayText(std::u16string &out, std::string_view text, std::size_t l
     }
 }
 
+std::size_t displayLength(std::string_view text, std::size_t limit)
+{
+    // No text has more units than bytes.
+    if (text.size() <= limit)
+        return displayExtent(text).units;
+    std::u16string shown;
+    appendDisplayText(shown, text, limit);
+    return shown.size();
+}
+
 DisplayExtent displayExtent(std::string_view text, std::size_t units)
 {
     const char *const end = text.data() + text.size();
     const char *p = text.data();
     DisplayExtent extent;
-    while (p < end && extent.units < units)
-        extent.units += fitForView(nextCharacter(p, end)) > 0xFFFF ? 2 : 1;
+    while (p < end && extent.units < units) {
+        if (static_cast<std::size_t>(end - p) >= kWord && units - extent.units >= kWord && isAsciiWord(p)) {
+            p += kWord;
+            extent.units += kWord;
+        } else {
+            extent.units += passCharacter(p, end);
+        }
+    }
     extent.bytes = static_cast<std::size_t>(p - text.data());
     return extent;
 }

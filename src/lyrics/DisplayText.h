@@ -17,6 +17,10 @@ namespace lyrics {
 void appendDisplayText(
     std::u16string &out, std::string_view text, std::size_t limit = std::numeric_limits<std::size_t>::max());
 
+/// How many UTF-16 units `appendDisplayText` appends for the same text and limit.
+[[nodiscard]] std::size_t displayLength(
+    std::string_view text, std::size_t limit = std::numeric_limits<std::size_t>::max());
+
 /// A beginning of a text, in its bytes and in the UTF-16 units of the form in which it is shown.
 struct DisplayExtent
 {

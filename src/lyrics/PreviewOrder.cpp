@@ -1,75 +1,45 @@
 // SPDX-License-Identifier: MIT
 #include "lyrics/PreviewOrder.h"
 
+#include <queue>
+
 #include <algorithm>
+#include <functional>
+#include <numeric>
+#include <utility>
 
 namespace lyrics {
 namespace {
 
-bool isTimed(const RBSongLine &line)
-{
-    return !isPreviewTag(line) && !line.aryTimes().empty();
-}
-
-struct Start
-{
-    std::size_t line;
-    std::int64_t millis;
-};
-
-/// A further time of a line: it stands before the line `before`.
-struct Repeat
-{
-    std::size_t before;
-    PreviewEntry entry;
-};
-
-/// The timed lines behind some line, those of them that start later than all between: the first of them that
-/// starts after a given time is the first line at all that does.
-class LaterStarts
+/// The further times of the lines so far that have not found their place: each stands before the first later
+/// line that starts after it.
+class Repeats
 {
 public:
-    void addInFront(Start start)
+    void add(std::int64_t millis, std::uint32_t songLine) { m_waiting.emplace(millis, songLine); }
+    /// Puts those before `start` into `order`, the earliest first.
+    void placeBefore(std::int64_t start, std::vector<PreviewEntry> &order)
     {
-        while (!m_starts.empty() && m_starts.back().millis <= start.millis)
-            m_starts.pop_back();
-        m_starts.push_back(start);
+        while (!m_waiting.empty() && m_waiting.top().first < start)
+            placeNext(order);
     }
-    [[nodiscard]] std::size_t firstAfter(std::int64_t millis, std::size_t none) const
+    void placeAll(std::vector<PreviewEntry> &order)
     {
-        // From the back to the front the starts rise.
-        const auto found = std::partition_point(
-            m_starts.rbegin(), m_starts.rend(), [millis](const Start &s) { return s.millis <= millis; });
-        return found == m_starts.rend() ? none : found->line;
+        while (!m_waiting.empty())
+            placeNext(order);
     }
 
 private:
-    std::vector<Start> m_starts;
-};
+    using Repeat = std::pair<std::int64_t, std::uint32_t>;
 
-std::vector<Repeat> repeatsOf(std::span<const RBSongLine> lines)
-{
-    std::vector<Repeat> repeats;
-    LaterStarts later;
-    for (std::size_t i = lines.size(); i-- > 0;) {
-        if (!isTimed(lines[i]))
-            continue;
-        const TimeList &times = lines[i].aryTimes();
-        const auto *const earliest = std::min_element(times.begin(), times.end());
-        for (const auto *time = times.begin(); time != times.end(); ++time) {
-            if (time != earliest)
-                repeats.push_back({later.firstAfter(*time, lines.size()), {i, *time}});
-        }
-        later.addInFront({i, *earliest});
+    void placeNext(std::vector<PreviewEntry> &order)
+    {
+        order.push_back({m_waiting.top().second, true, m_waiting.top().first});
+        m_waiting.pop();
     }
-    std::sort(repeats.begin(), repeats.end(), [](const Repeat &a, const Repeat &b) {
-        if (a.before != b.before)
-            return a.before < b.before;
-        return a.entry.millis != b.entry.millis ? a.entry.millis < b.entry.millis
-                                                : a.entry.songLine < b.entry.songLine;
-    });
-    return repeats;
-}
+
+    std::priority_queue<Repeat, std::vector<Repeat>, std::greater<>> m_waiting;
+};
 
 } // namespace
 
@@ -78,23 +48,30 @@ bool isPreviewTag(const RBSongLine &line)
     return (line.isProperty() && !line.propertyStr().empty()) || line.isOtherTag();
 }
 
-std::vector<PreviewEntry> previewOrder(std::span<const RBSongLine> lines)
+std::vector<PreviewEntry> previewOrder(std::span<const RBSongLine> lines, PreviewPart part)
 {
-    const std::vector<Repeat> repeats = repeatsOf(lines);
     std::vector<PreviewEntry> order;
-    order.reserve(lines.size() + repeats.size());
-    auto next = repeats.begin();
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        for (; next != repeats.end() && next->before == i; ++next)
-            order.push_back(next->entry);
+    order.reserve(std::accumulate(
+        lines.begin(), lines.end(), std::size_t(0), [](std::size_t sum, const RBSongLine &line) {
+            return sum + std::max<std::size_t>(1, line.aryTimes().count());
+        }));
+    Repeats repeats;
+    for (std::uint32_t i = 0; i < lines.size(); ++i) {
         const TimeList &times = lines[i].aryTimes();
-        PreviewEntry entry{i, {}};
-        if (isTimed(lines[i]))
-            entry.millis = *std::min_element(times.begin(), times.end());
-        order.push_back(entry);
+        if (times.empty() || isPreviewTag(lines[i])) {
+            order.push_back({i, false, 0});
+            continue;
+        }
+        const auto *const earliest = std::min_element(times.begin(), times.end());
+        repeats.placeBefore(*earliest, order);
+        order.push_back({i, true, *earliest});
+        for (const auto *time = times.begin(); time != times.end(); ++time) {
+            if (time != earliest)
+                repeats.add(*time, i);
+        }
     }
-    for (; next != repeats.end(); ++next)
-        order.push_back(next->entry);
+    if (part == PreviewPart::Whole)
+        repeats.placeAll(order);
     return order;
 }
 

@@ -10,17 +10,61 @@
 #include <cmath>
 #include <utility>
 
+namespace {
+
+// More than any screen has room for.
+constexpr std::size_t kLinesOfBeginning = 500;
+constexpr std::size_t kBytesOfBeginning = 64 * 1024;
+
+/// The first lines of `text`. Empty when it is short, or the first line does not end soon.
+std::string_view beginningOf(std::string_view text)
+{
+    if (text.size() <= kBytesOfBeginning)
+        return {};
+    const char *const begin = text.data();
+    const char *const end = begin + kBytesOfBeginning;
+    lyrics::LineEndFinder finder(begin, end);
+    const char *p = begin;
+    for (std::size_t line = 0; line < kLinesOfBeginning; ++line) {
+        const char *const next = finder.lineEnd(finder.textEnd(p));
+        // What ends there may go on, a line or a line end.
+        if (next == end)
+            break;
+        p = next;
+    }
+    return text.substr(0, static_cast<std::size_t>(p - begin));
+}
+
+} // namespace
+
+/// What was read, and what stands where.
+struct RBPreviewSong::Content
+{
+    Content(std::string_view text, lyrics::PreviewPart part)
+    {
+        auto built = std::make_shared<RBEditSong>();
+        built->buildWithLrcText(text);
+        song = std::move(built);
+        order = lyrics::previewOrder(song->aryLines(), part);
+    }
+
+    [[nodiscard]] bool isShown(const lyrics::PreviewEntry &entry, bool hasTag) const
+    {
+        return hasTag || !lyrics::isPreviewTag(song->aryLines()[entry.songLine]);
+    }
+
+    std::shared_ptr<const RBEditSong> song;
+    std::vector<lyrics::PreviewEntry> order;
+};
+
 void RBPreviewSong::buildWithLrcText(std::string_view text)
 {
-    m_song.buildWithLrcText(text);
-    m_rows.clear();
+    m_content = std::make_shared<Content>(text, lyrics::PreviewPart::Whole);
     m_lines.clear();
-    const auto &songLines = std::as_const(m_song).aryLines();
-    for (const lyrics::PreviewEntry &entry : lyrics::previewOrder(songLines)) {
-        const std::size_t previewLine = entry.millis ? m_lines.size() : kUntimed;
-        m_rows.push_back({entry.songLine, previewLine, lyrics::isPreviewTag(songLines[entry.songLine])});
-        if (entry.millis)
-            m_lines.push_back({static_cast<double>(*entry.millis) / 1000.0, {}});
+    m_lines.reserve(m_content->order.size());
+    for (const lyrics::PreviewEntry &entry : m_content->order) {
+        if (entry.isTimed)
+            m_lines.push_back({static_cast<double>(entry.millis) / 1000.0, {}});
     }
     m_earliestFrom.resize(m_lines.size());
     double earliest = HUGE_VAL;
@@ -69,24 +113,34 @@ std::optional<std::size_t> RBPreviewSong::currentLineIndex(double seconds) const
     return static_cast<std::size_t>(after - m_earliestFrom.begin()) - 1;
 }
 
-std::u16string RBPreviewSong::layOut(bool hasTag) const
+std::shared_ptr<const lyrics::PreviewText> RBPreviewSong::beginningOf(std::string_view text, bool hasTag)
+{
+    const std::string_view beginning = ::beginningOf(text);
+    if (beginning.empty())
+        return nullptr;
+    const Content content(beginning, lyrics::PreviewPart::Beginning);
+    auto shown = std::make_shared<lyrics::PreviewText>(content.song);
+    for (const lyrics::PreviewEntry &entry : content.order) {
+        if (content.isShown(entry, hasTag))
+            shown->addLine(entry.songLine);
+    }
+    return shown;
+}
+
+std::shared_ptr<const lyrics::PreviewText> RBPreviewSong::layOut(bool hasTag) const
 {
     m_areRangesLaidOut = true;
-    std::u16string text;
-    // Bytes are at least as many as units, but where lines are repeated.
-    text.reserve(m_song.songText().size());
-    const auto &songLines = std::as_const(m_song).aryLines();
-    bool isFirst = true;
-    for (const Row &row : m_rows) {
-        if (row.isTag && !hasTag)
+    if (!m_content)
+        return std::make_shared<lyrics::PreviewText>();
+    auto text = std::make_shared<lyrics::PreviewText>(m_content->song);
+    text->reserve(m_content->order.size());
+    auto line = m_lines.begin();
+    for (const lyrics::PreviewEntry &entry : m_content->order) {
+        if (!m_content->isShown(entry, hasTag))
             continue;
-        if (!isFirst)
-            text += u'\n';
-        isFirst = false;
-        const std::size_t begin = text.size();
-        lyrics::appendDisplayText(text, songLines[row.songLine].lineText(), kLongestLine);
-        if (row.previewLine != kUntimed)
-            m_lines[row.previewLine].txtRg = {begin, text.size() - begin};
+        const RBTextRange range = text->addLine(entry.songLine);
+        if (entry.isTimed)
+            (line++)->txtRg = range;
     }
     return text;
 }

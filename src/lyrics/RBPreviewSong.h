@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "lyrics/RBEditSong.h"
+#include "lyrics/PreviewText.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-/// A range of characters in UTF-16 units, from 0.
-struct RBTextRange
-{
-    std::size_t location = 0;
-    std::size_t length = 0;
-
-    friend bool operator==(const RBTextRange &, const RBTextRange &) = default;
-};
 
 /// One line of a preview that has a time.
 struct RBPreviewLine
@@ -38,8 +30,8 @@ public:
     /// An empty preview.
     RBPreviewSong() = default;
 
-    /// No line of the text is longer, in UTF-16 units: text views do not survive a line of a million.
-    static constexpr std::size_t kLongestLine = 4096;
+    /// See PreviewText.
+    static constexpr std::size_t kLongestLine = lyrics::PreviewText::kLongestLine;
 
     /// Replaces the preview by that of `text` (LRC, UTF-8). Ranges address the text with tag lines until
     /// another one is asked for.
@@ -57,24 +49,28 @@ public:
     /// The whole text, a line feed between its lines, and with or without the tag lines. From now on the
     /// ranges of `aryLines` address this text. What a text view cannot show is replaced before the ranges
     /// are counted (see lyrics::appendDisplayText).
-    [[nodiscard]] std::u16string previewSongTextWithHasTag(bool hasTag) { return layOut(hasTag); }
+    [[nodiscard]] std::u16string previewSongTextWithHasTag(bool hasTag)
+    {
+        return textWithHasTag(hasTag)->whole();
+    }
+    /// The same text for who shows some of its lines: nothing but their lengths is made. Never null.
+    [[nodiscard]] std::shared_ptr<const lyrics::PreviewText> textWithHasTag(bool hasTag)
+    {
+        return layOut(hasTag);
+    }
+    /// The first lines of the preview of a long `text`: as many as fill any screen, without reading on, and
+    /// as they are in the whole. Null for a text that is read as fast, and for one whose first line does not
+    /// end within 64 KB.
+    [[nodiscard]] static std::shared_ptr<const lyrics::PreviewText> beginningOf(
+        std::string_view text, bool hasTag);
 
 private:
-    static constexpr std::size_t kUntimed = static_cast<std::size_t>(-1);
+    struct Content;
 
-    /// One line of the text.
-    struct Row
-    {
-        std::size_t songLine;
-        /// Which of `m_lines` it is, or `kUntimed`.
-        std::size_t previewLine;
-        bool isTag;
-    };
+    [[nodiscard]] std::shared_ptr<const lyrics::PreviewText> layOut(bool hasTag) const;
 
-    std::u16string layOut(bool hasTag) const;
-
-    RBEditSong m_song;
-    std::vector<Row> m_rows;
+    /// Null for the empty preview.
+    std::shared_ptr<const Content> m_content;
     /// Their ranges follow when somebody wants to know them: who asks for a text gets them with it.
     mutable std::vector<RBPreviewLine> m_lines;
     mutable bool m_areRangesLaidOut = false;

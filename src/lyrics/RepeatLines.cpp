@@ -156,7 +156,7 @@ std::size_t expandRepeats(RBEditSong &song)
             continue;
         }
         const RepeatedLine &parts = repeated.try_emplace(entry.songLine, line).first->second;
-        expanded.push_back(parts.at(*entry.millis));
+        expanded.push_back(parts.at(entry.millis));
         // A repeat comes to share no physical line with a tag that happens to stand before it.
         LineAccess::setJoins(expanded.back(), isInPlace && LineAccess::joinsPrevious(line), false);
     }

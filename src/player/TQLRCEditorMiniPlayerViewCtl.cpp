@@ -15,7 +15,9 @@
 #include "shell/contracts/WXEAudioFileMgr.h"
 
 #include <QtCore/QStringList>
+#include <QtCore/QVarLengthArray>
 
+#include <string>
 #include <utility>
 
 std::shared_ptr<TQLRCEditorMiniPlayerViewCtl> TQLRCEditorMiniPlayerViewCtl::initWithPlayer(
@@ -148,8 +150,17 @@ void TQLRCEditorMiniPlayerViewCtl::showTimeTags(
 
 void TQLRCEditorMiniPlayerViewCtl::showTimes(double seconds, double length)
 {
-    if (m_lblPlayerTime != nullptr)
-        m_lblPlayerTime->setFigures(getTimeStr(seconds) + QLatin1Char('/') + getTimeStr(length));
+    if (m_lblPlayerTime == nullptr)
+        return;
+    // Many times a second, and mostly with the same figures.
+    QVarLengthArray<char, 64> figures;
+    for (const double time : {seconds, length}) {
+        if (!figures.isEmpty())
+            figures.append('/');
+        const std::string text = RBUtils::getTimeIntervalMMSSMSStr(lyrics::millisFromSeconds(time));
+        figures.append(text.data(), static_cast<qsizetype>(text.size()));
+    }
+    m_lblPlayerTime->setFigures(QLatin1String(figures.data(), figures.size()));
 }
 
 void TQLRCEditorMiniPlayerViewCtl::updatePlayerProgress(double seconds)

@@ -9,6 +9,7 @@
 #include "preview/PlayKey.h"
 #include "preview/PreviewFolding.h"
 #include "preview/RBPreviewBgView.h"
+#include "preview/SongText.h"
 #include "resources/Localized.h"
 #include "resources/Resources.h"
 #include "resources/TQLrcUtils.h"
@@ -20,6 +21,8 @@
 #include <QtCore/QLoggingCategory>
 
 #include <chrono>
+#include <string_view>
+#include <utility>
 
 namespace {
 
@@ -49,6 +52,16 @@ QPalette darkPalette()
 views::TextRange rangeOf(const RBPreviewLine &line)
 {
     return {static_cast<int>(line.txtRg.location), static_cast<int>(line.txtRg.length)};
+}
+
+std::string_view bytes(const QByteArray &text)
+{
+    return {text.constData(), static_cast<std::size_t>(text.size())};
+}
+
+std::shared_ptr<views::LyricText> shown(std::shared_ptr<const lyrics::PreviewText> text)
+{
+    return std::make_shared<preview::SongText>(std::move(text));
 }
 
 } // namespace
@@ -153,15 +166,27 @@ void RBPreviewViewController::flushWithAudio_lrcText(
     m_audioitem = item;
     m_lrcText = lrcText;
     m_song = std::make_shared<RBPreviewSong>();
-    buildSong();
+    m_isSongBuilt = false;
     updateSongTextWithSwitchChanged();
     showItem();
     resetFirstResponder();
+    kit::afterDelay(kFocusDelay, [weak = weak_from_this()] {
+        if (const auto alive = weak.lock())
+            static_cast<RBPreviewViewController &>(*alive).showWholeText();
+    });
 }
 
-void RBPreviewViewController::buildSong()
+std::shared_ptr<RBPreviewSong> RBPreviewViewController::song() const
 {
-    m_song->buildWithLrcText({m_lrcText.constData(), static_cast<std::size_t>(m_lrcText.size())});
+    if (m_song != nullptr && !m_isSongBuilt)
+        buildSong();
+    return m_song;
+}
+
+void RBPreviewViewController::buildSong() const
+{
+    m_song->buildWithLrcText(bytes(m_lrcText));
+    m_isSongBuilt = true;
 }
 
 void RBPreviewViewController::showItem()
@@ -180,14 +205,26 @@ void RBPreviewViewController::updateSongTextWithSwitchChanged()
 {
     if (m_textView == nullptr || m_song == nullptr)
         return;
-    const std::u16string text = m_song->previewSongTextWithHasTag(m_tagSwitch->isChecked());
-    m_textView->setPlainText(QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())));
+    const bool hasTag = m_tagSwitch->isChecked();
+    const auto beginning = m_isSongBuilt ? nullptr : RBPreviewSong::beginningOf(bytes(m_lrcText), hasTag);
+    m_isWholeTextShown = beginning == nullptr;
+    m_textView->setText(shown(m_isWholeTextShown ? song()->textWithHasTag(hasTag) : beginning));
+}
+
+// The whole of a long text would come frames after what can be seen of it.
+void RBPreviewViewController::showWholeText()
+{
+    if (m_textView == nullptr || m_song == nullptr || m_isWholeTextShown)
+        return;
+    m_isWholeTextShown = true;
+    m_textView->continueWith(shown(song()->textWithHasTag(m_tagSwitch->isChecked())));
 }
 
 void RBPreviewViewController::notifyPlayProgress(double seconds)
 {
     if (m_textView == nullptr || m_song == nullptr)
         return;
+    showWholeText();
     const auto current = m_song->currentLineIndex(seconds);
     if (!current)
         return;

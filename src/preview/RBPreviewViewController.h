@@ -40,8 +40,9 @@ public:
     [[nodiscard]] std::shared_ptr<WXEAudioFile> audioitem() const { return m_audioitem; }
     /// The LRC text as it was handed over last; null before that.
     [[nodiscard]] QByteArray lrcText() const { return m_lrcText; }
-    /// What was made of it; null before. Another object for each item that is shown.
-    [[nodiscard]] std::shared_ptr<RBPreviewSong> song() const { return m_song; }
+    /// What was made of it; null before. Another object for each item that is shown. Of a long text it is
+    /// made when it is asked for, at the first progress, or shortly after the text was handed over.
+    [[nodiscard]] std::shared_ptr<RBPreviewSong> song() const;
 
     // The outlets; null until the view is loaded and after it is gone.
     [[nodiscard]] kit::CoverView *imageview() const { return m_imageview; }
@@ -88,7 +89,8 @@ protected:
 
 private:
     void showItem();
-    void buildSong();
+    void buildSong() const;
+    void showWholeText();
     void wireControls();
     void playOrPause();
     void adjustTimeFinished(const QVariant &object);
@@ -98,6 +100,9 @@ private:
     std::shared_ptr<WXEAudioFile> m_audioitem;
     QByteArray m_lrcText;
     std::shared_ptr<RBPreviewSong> m_song;
+    mutable bool m_isSongBuilt = false;
+    // Until then the view has the first lines: all that can be seen.
+    bool m_isWholeTextShown = false;
 
     QPointer<kit::CoverView> m_imageview;
     QPointer<kit::ElidedLabel> m_lblTitle;

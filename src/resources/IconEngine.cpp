@@ -4,7 +4,6 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QPalette>
-#include <QtGui/QPixmap>
 #include <QtSvg/QSvgRenderer>
 
 #include <utility>
@@ -40,14 +39,23 @@ IconEngine::IconEngine(QString name, QString path, const QColor &color)
 void IconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State /*state*/)
 {
     const qreal ratio = painter->device()->devicePixelRatioF();
-    QImage image = drawnImage(m_path, (QSizeF(rect.size()) * ratio).toSize(), colorFor(mode));
+    QPixmap image = drawn((QSizeF(rect.size()) * ratio).toSize(), colorFor(mode));
     image.setDevicePixelRatio(ratio);
-    painter->drawImage(rect.topLeft(), image);
+    painter->drawPixmap(rect.topLeft(), image);
 }
 
 QPixmap IconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State /*state*/)
 {
-    return QPixmap::fromImage(drawnImage(m_path, size, colorFor(mode)));
+    return drawn(size, colorFor(mode));
+}
+
+QPixmap IconEngine::drawn(const QSize &size, const QColor &color)
+{
+    if (m_drawn.size() != size || m_drawnColor != color) {
+        m_drawn = QPixmap::fromImage(drawnImage(m_path, size, color));
+        m_drawnColor = color;
+    }
+    return m_drawn;
 }
 
 QIconEngine *IconEngine::clone() const

@@ -4,13 +4,15 @@
 #include <QtGui/QColor>
 #include <QtGui/QIconEngine>
 #include <QtGui/QImage>
+#include <QtGui/QPixmap>
 
 namespace resources {
 
 /// The drawing at `path`, `size` in device pixels, every stroke of it in `color`.
 [[nodiscard]] QImage drawnImage(const QString &path, const QSize &size, const QColor &color);
 
-/// Draws one of our pictures in the colour of the text around it, at the very size asked for.
+/// Draws one of our pictures in the colour of the text around it, at the very size asked for. What was drawn
+/// last is kept: a button is painted again more often than it changes.
 class IconEngine : public QIconEngine
 {
 public:
@@ -26,10 +28,13 @@ public:
 
 private:
     [[nodiscard]] QColor colorFor(QIcon::Mode mode) const;
+    [[nodiscard]] QPixmap drawn(const QSize &size, const QColor &color);
 
     QString m_name;
     QString m_path;
     QColor m_color;
+    QPixmap m_drawn;
+    QColor m_drawnColor;
 };
 
 } // namespace resources

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace views {
 
@@ -21,14 +22,20 @@ int rowHeight(double textHeight)
 
 } // namespace
 
-void LyricLayout::setText(const QString &text)
+void LyricLayout::setText(std::shared_ptr<const LyricText> text)
 {
-    m_text = text;
-    m_starts.assign(1, 0);
-    for (qsizetype at = text.indexOf(u'\n'); at >= 0; at = text.indexOf(u'\n', at + 1))
-        m_starts.push_back(static_cast<int>(at) + 1);
-    m_starts.push_back(static_cast<int>(text.size()) + 1);
+    m_text = std::move(text);
     forgetLayouts();
+}
+
+QString LyricLayout::textOf(TextRange range) const
+{
+    const int first = lineOf(range.location);
+    const int last = lineOf(range.location + range.length);
+    QStringList lines;
+    for (int line = first; line <= last; ++line)
+        lines.append(m_text->line(line));
+    return lines.join(u'\n').mid(range.location - rangeOfLine(first).location, range.length);
 }
 
 void LyricLayout::setLook(const QFont &font, int width, Qt::Alignment alignment)
@@ -45,19 +52,21 @@ void LyricLayout::setLook(const QFont &font, int width, Qt::Alignment alignment)
 void LyricLayout::forgetLayouts()
 {
     m_layouts.clear();
-    m_heights.reset(static_cast<int>(m_starts.size()) - 1, m_rowHeight);
+    m_heights.reset(static_cast<int>(starts().size()) - 1, m_rowHeight);
 }
 
 int LyricLayout::lineOf(int position) const
 {
-    const auto next = std::upper_bound(m_starts.begin() + 1, m_starts.end() - 1, position);
-    return static_cast<int>(next - m_starts.begin()) - 1;
+    const auto next = std::upper_bound(
+        starts().begin() + 1, starts().end() - 1, static_cast<std::size_t>(std::max(0, position)));
+    return static_cast<int>(next - starts().begin()) - 1;
 }
 
 TextRange LyricLayout::rangeOfLine(int line) const
 {
     const auto at = static_cast<std::size_t>(line);
-    return {m_starts.at(at), m_starts.at(at + 1) - 1 - m_starts.at(at)};
+    const std::size_t begin = starts().at(at);
+    return {static_cast<int>(begin), static_cast<int>(starts().at(at + 1) - 1 - begin)};
 }
 
 bool LyricLayout::layOut(int first, int last)
@@ -81,8 +90,7 @@ const QTextLayout &LyricLayout::layoutOf(int line)
 {
     std::unique_ptr<QTextLayout> &layout = m_layouts[line];
     if (layout == nullptr) {
-        const TextRange range = rangeOfLine(line);
-        layout = std::make_unique<QTextLayout>(m_text.mid(range.location, range.length), m_font);
+        layout = std::make_unique<QTextLayout>(m_text->line(line), m_font);
         layout->setCacheEnabled(true);
         m_heights.setHeight(line, breakIntoRows(*layout));
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "views/LineHeights.h"
+#include "views/LyricText.h"
 
 #include <QtCore/QString>
 #include <QtGui/QColor>
@@ -33,9 +34,13 @@ struct TextRange
 class LyricLayout
 {
 public:
-    /// Cost: one search for line feeds; nothing is laid out.
-    void setText(const QString &text);
-    [[nodiscard]] const QString &text() const { return m_text; }
+    /// `text` is not null. Cost: linear in its lines, a few steps for each; none is made.
+    void setText(std::shared_ptr<const LyricText> text);
+    [[nodiscard]] const LyricText &text() const { return *m_text; }
+    /// How long it is, in UTF-16 units.
+    [[nodiscard]] int length() const { return static_cast<int>(starts().back()) - 1; }
+    /// What stands in `range`, which lies within the text. Makes no other lines.
+    [[nodiscard]] QString textOf(TextRange range) const;
     /// The text as lines break at `width` logical pixels. What was laid out is forgotten when one of the
     /// three changes.
     void setLook(const QFont &font, int width, Qt::Alignment alignment);
@@ -66,9 +71,9 @@ private:
     const QTextLayout &layoutOf(int line);
     int breakIntoRows(QTextLayout &layout) const;
 
-    QString m_text;
-    // Where each line begins, and one behind the end.
-    std::vector<int> m_starts{0, 1};
+    [[nodiscard]] const std::vector<std::size_t> &starts() const { return m_text->lineStarts(); }
+
+    std::shared_ptr<const LyricText> m_text = std::make_shared<PlainLyricText>(QString());
     LineHeights m_heights;
     std::map<int, std::unique_ptr<QTextLayout>> m_layouts;
     QFont m_font;

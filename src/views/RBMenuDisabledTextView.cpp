@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -47,17 +48,32 @@ RBMenuDisabledTextView::RBMenuDisabledTextView(QWidget *parent) : QAbstractScrol
     m_glide.setEasingCurve(QEasingCurve::InOutQuad);
     connect(&m_glide, &QVariantAnimation::valueChanged, this,
         [this](const QVariant &share) { glideOn(share.toDouble()); });
-    m_layout.setText(QString());
     relayOut();
 }
 
 void RBMenuDisabledTextView::setPlainText(const QString &text)
 {
+    setText(std::make_shared<views::PlainLyricText>(text));
+}
+
+void RBMenuDisabledTextView::setText(std::shared_ptr<const views::LyricText> text)
+{
     m_glide.stop();
     m_selected = {};
-    m_layout.setText(text);
-    updateScrollRange();
+    m_layout.setText(std::move(text));
     scrollTo(0);
+    showNewText();
+}
+
+void RBMenuDisabledTextView::continueWith(std::shared_ptr<const views::LyricText> text)
+{
+    m_layout.setText(std::move(text));
+    showNewText();
+}
+
+void RBMenuDisabledTextView::showNewText()
+{
+    updateScrollRange();
     layOutVisible();
     viewport()->update();
 }
@@ -70,12 +86,12 @@ void RBMenuDisabledTextView::setTextAlignment(Qt::Alignment alignment)
 
 QString RBMenuDisabledTextView::selectedText() const
 {
-    return m_layout.text().mid(m_selected.location, m_selected.length);
+    return m_layout.textOf(m_selected);
 }
 
 void RBMenuDisabledTextView::setSelectedRange(views::TextRange range)
 {
-    const auto size = static_cast<int>(m_layout.text().size());
+    const int size = m_layout.length();
     range.location = std::clamp(range.location, 0, size);
     range.length = std::clamp(range.length, 0, size - range.location);
     if (range == m_selected)

@@ -6,6 +6,8 @@
 #include <QtCore/QVariantAnimation>
 #include <QtWidgets/QAbstractScrollArea>
 
+#include <memory>
+
 /// A lyric to look at: not editable, not selectable by the user, never with the keyboard focus,
 /// without a context menu.
 ///
@@ -24,7 +26,11 @@ public:
 
     /// Shows `text`, its lines separated by line feeds, from its beginning; nothing is selected.
     void setPlainText(const QString &text);
-    [[nodiscard]] QString toPlainText() const { return m_layout.text(); }
+    /// The same for a text whose lines are made as they come into sight. Not null.
+    void setText(std::shared_ptr<const views::LyricText> text);
+    /// Shows `text` in the place of the one so far, which is its beginning: nothing is seen to move.
+    void continueWith(std::shared_ptr<const views::LyricText> text);
+    [[nodiscard]] QString toPlainText() const { return m_layout.text().whole(); }
 
     /// Aligns the whole text, and the texts that come. Left and right are those of the screen, for
     /// text of every direction.
@@ -61,6 +67,7 @@ protected:
 
 private:
     void applySelectionColor();
+    void showNewText();
     void relayOut();
     void layOutVisible();
     void updateScrollRange();

@@ -3,6 +3,7 @@
 #include "kit/MyStyledView.h"
 #include "support/QtWarnings.h"
 
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QCheckBox>
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void everyTextGoesThroughTheTranslator();
     void withoutATranslatorTextsStay();
     void themedTextsFollowThePalette();
+    void pluginsOfDesignersAreNotLoaded();
 
 private:
     std::unique_ptr<QWidget> load(const QByteArray &children)
@@ -133,6 +135,24 @@ void tst_FormLoader::themedTextsFollowThePalette()
     light.setColor(QPalette::Text, Qt::black);
     form->setPalette(light);
     QVERIFY(label->palette().color(QPalette::WindowText).lightnessF() < 0.6F);
+}
+
+void tst_FormLoader::pluginsOfDesignersAreNotLoaded()
+{
+    // Any plug-in will do where the toolkit looks for those of designers.
+    const QString folder = m_folder.filePath("designer");
+    QVERIFY(QDir().mkpath(folder));
+    const QString platforms = QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms/";
+    QVERIFY(QFile::copy(platforms + "libqminimal.so", folder + "/libany.so"));
+    QCoreApplication::addLibraryPath(m_folder.path());
+    const QStringList paths = QCoreApplication::libraryPaths();
+    const auto form = load({});
+    QVERIFY(form != nullptr);
+    QFile mapped("/proc/self/maps");
+    QVERIFY(mapped.open(QIODevice::ReadOnly));
+    QVERIFY(!mapped.readAll().contains("libany.so"));
+    QCOMPARE(QCoreApplication::libraryPaths(), paths);
+    QCoreApplication::removeLibraryPath(m_folder.path());
 }
 
 QTEST_MAIN(tst_FormLoader)

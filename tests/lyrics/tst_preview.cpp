@@ -117,6 +117,53 @@ TEST(Preview, IsBuiltAnew)
     EXPECT_EQ(song.currentLineIndex(6.9), std::nullopt);
 }
 
+TEST(Preview, MakesEachLineOfItsTextWhenAsked)
+{
+    RBPreviewSong song = preview("[ti:T]\n[00:01.00][00:03.00]走\n\n[00:02.00]b\n");
+    const auto text = song.textWithHasTag(false);
+    EXPECT_THAT(text->lineStarts(), ElementsAre(0, 2, 3, 5, 7));
+    EXPECT_EQ(text->line(0), u"走");
+    EXPECT_EQ(text->line(1), u"");
+    EXPECT_EQ(text->line(3), u"走");
+    EXPECT_EQ(text->line(4), u"");
+    song.buildWithLrcText("[00:07.00]c");
+    EXPECT_EQ(text->whole(), u"走\n\nb\n走");
+    EXPECT_THAT(RBPreviewSong().textWithHasTag(true)->lineStarts(), ElementsAre(0, 1));
+}
+
+TEST(Preview, BeginsAsTheWholeDoes)
+{
+    generate::Random random(33);
+    for (int round = 0; round < 60; ++round) {
+        std::string text;
+        while (text.size() < 80'000)
+            text
+                += generate::anyText(random, 40, true) + "[00:" + std::to_string(random.below(60)) + "]x\r\n";
+        RBPreviewSong song = preview(text);
+        for (const bool hasTag : {true, false}) {
+            const auto beginning = RBPreviewSong::beginningOf(text, hasTag);
+            const auto whole = song.textWithHasTag(hasTag);
+            const std::size_t lines = beginning->lineStarts().size() - 1;
+            ASSERT_GT(lines, 100U);
+            ASSERT_LT(lines, 2'600U);
+            ASSERT_LT(lines, whole->lineStarts().size());
+            for (std::size_t line = 0; line < lines; ++line)
+                ASSERT_EQ(beginning->line(line), whole->line(line));
+        }
+    }
+}
+
+TEST(Preview, HasABeginningWhereTheWholeTakesLonger)
+{
+    EXPECT_EQ(RBPreviewSong::beginningOf("[00:01.00]a\n[00:02.00]b", true), nullptr);
+    EXPECT_EQ(RBPreviewSong::beginningOf("", true), nullptr);
+    EXPECT_EQ(RBPreviewSong::beginningOf(std::string(100'000, 'x'), true), nullptr);
+    // A line end of two bytes is not torn.
+    const std::string first(64 * 1024 - 3, 'x');
+    EXPECT_EQ(RBPreviewSong::beginningOf("a\n" + first + "\r\nb\n", true)->whole(), u"a");
+    EXPECT_EQ(RBPreviewSong::beginningOf("[ti:T]\na\n" + first + first, false)->whole(), u"a");
+}
+
 TEST(DisplayText, ReplacesWhatCannotBeShown)
 {
     const auto shown = [](std::string_view text) {
@@ -172,6 +219,10 @@ TEST(DisplayText, IsMeasuredAsItIsShown)
         std::u16string shown;
         lyrics::appendDisplayText(shown, text);
         EXPECT_EQ(extent(text, 99), Extent(text.size(), shown.size())) << text;
+        EXPECT_EQ(lyrics::displayLength(text), shown.size()) << text;
+        shown.clear();
+        lyrics::appendDisplayText(shown, text, 1);
+        EXPECT_EQ(lyrics::displayLength(text, 1), shown.size()) << text;
     }
 }
 
@@ -221,6 +272,7 @@ TEST(Preview, HoldsForAnyText)
         ASSERT_EQ(RBPreviewSong::hasLines(text), times > 0) << text;
         for (const bool hasTag : {true, false}) {
             const std::u16string shown = song.previewSongTextWithHasTag(hasTag);
+            ASSERT_EQ(shown.size() + 1, song.textWithHasTag(hasTag)->lineStarts().back());
             for (const RBPreviewLine &line : song.aryLines()) {
                 const std::size_t end = line.txtRg.location + line.txtRg.length;
                 ASSERT_LE(end, shown.size());

@@ -88,6 +88,7 @@ private Q_SLOTS:
     void aGonePreviewHearsNoNotification();
     void offsetIsTheContainersCommand();
     void aHugeLyricIsFollowedToItsEnd();
+    void theWholeOfAHugeLyricComesByItself();
 
 private:
     void play(double seconds) { m_preview->notifyPlayProgress(seconds); }
@@ -346,7 +347,9 @@ void tst_Following::offsetIsTheContainersCommand()
     QVERIFY(m_preview->parentVC() == nullptr);
 }
 
-void tst_Following::aHugeLyricIsFollowedToItsEnd()
+namespace {
+
+QByteArray hugeLyric()
 {
     QByteArray text;
     for (int line = 0; line < 100000; ++line)
@@ -355,13 +358,33 @@ void tst_Following::aHugeLyricIsFollowedToItsEnd()
                     .arg(line % 60, 2, 10, QChar('0'))
                     .arg(line)
                     .toLatin1();
-    show(text);
+    return text;
+}
+
+} // namespace
+
+void tst_Following::aHugeLyricIsFollowedToItsEnd()
+{
+    show(hugeLyric());
     for (const int line : {99999, 0, 50000, 50001}) {
         play(line);
         QCOMPARE(current(), QString("line %1").arg(line));
         QVERIFY(
             m_preview->textView()->viewport()->rect().contains(m_preview->textView()->selectedLineRect()));
     }
+}
+
+void tst_Following::theWholeOfAHugeLyricComesByItself()
+{
+    show(hugeLyric());
+    auto *const text = m_preview->textView();
+    const int scrolled = 200;
+    text->verticalScrollBar()->setValue(scrolled);
+    QTRY_COMPARE(text->toPlainText().count(u'\n'), 99'999);
+    QCOMPARE(text->verticalScrollBar()->value(), scrolled);
+    m_preview->flushWithAudio_lrcText(m_item, hugeLyric() + hugeLyric());
+    QCOMPARE(text->verticalScrollBar()->value(), 0);
+    QCOMPARE(m_preview->song()->aryLines().size(), 200'000U); // whoever asks gets all of it
 }
 
 QTEST_MAIN(tst_Following)

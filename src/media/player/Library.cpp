@@ -3,8 +3,6 @@
 
 #include "media/player/GstPointers.h"
 
-#include <QtCore/QThreadPool>
-
 namespace media {
 
 bool startLibrary()
@@ -16,11 +14,6 @@ bool startLibrary()
         return good;
     }();
     return started;
-}
-
-void startLibraryAhead()
-{
-    QThreadPool::globalInstance()->start([] { startLibrary(); });
 }
 
 } // namespace media

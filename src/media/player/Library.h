@@ -7,8 +7,4 @@ namespace media {
 /// be used. Leaves the process as the host has set it up: no command line, no locale.
 bool startLibrary();
 
-/// Begins the same on another thread: the first time on a machine the library looks at all its
-/// parts, which takes a second or more.
-void startLibraryAhead();
-
 } // namespace media

@@ -9,6 +9,7 @@
 #include "media/player/SinkBin.h"
 
 #include <QtCore/QFileInfo>
+#include <QtCore/QThreadPool>
 
 #include <utility>
 
@@ -37,13 +38,17 @@ std::shared_ptr<Player> Player::create(PlayerOutput output)
             }};
 }
 
+void Player::prepare()
+{
+    QThreadPool::globalInstance()->start([] { startLibrary(); });
+}
+
 Player::Player(PlayerOutput output)
     : m_output(std::move(output)), m_observers(std::make_unique<PlayerObservers>())
 {
     m_ticker.setTimerType(Qt::PreciseTimer);
     m_ticker.setInterval(kTickMillis);
     connect(&m_ticker, &QTimer::timeout, this, &Player::tick);
-    startLibraryAhead();
 }
 
 Player::~Player() = default;

@@ -42,6 +42,10 @@ class Player final : public QObject, public TQAudioPlayerProtocol, public std::e
 
 public:
     [[nodiscard]] static std::shared_ptr<Player> create(PlayerOutput output = {});
+    /// Begins to start the multimedia library on another thread, for a host that will load an item soon: the
+    /// first time on a machine the library looks at all its parts, which takes a second or more. `load()`
+    /// waits for it.
+    static void prepare();
     ~Player() override;
 
     [[nodiscard]] bool isPlaying() const override;
