@@ -9,7 +9,7 @@ include(CMakePackageConfigHelpers)
 # player of our own host. Where Qt was left out it is the lyric model alone.
 add_library(TQLrcEditor INTERFACE)
 add_library(TQLrcEditor::TQLrcEditor ALIAS TQLrcEditor)
-foreach(name IN ITEMS shell editor preview player views resources contracts kit lyrics)
+foreach(name IN ITEMS shell editor preview player views resources contracts kit catalogue lyrics)
     if(TARGET tqlrc_${name})
         target_link_libraries(TQLrcEditor INTERFACE tqlrc_${name})
     endif()

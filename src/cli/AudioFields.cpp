@@ -58,7 +58,7 @@ std::optional<AudioFields> readAudioFields(Report &report)
 {
     tags::Outcome<tags::AudioTags> audio = tags::read(report.input().path);
     if (!audio.ok()) {
-        report.refuse(audio.failure().message);
+        report.refuse(audio.failure().message.english());
         return std::nullopt;
     }
     tags::FieldSet fields(audio.value().lyricFields, audio.value().newFieldNames);
@@ -81,7 +81,7 @@ std::optional<std::vector<tags::LyricPlace>> placesNamedBy(
         }
         const tags::Outcome<tags::LyricPlace> place = fields.find(name);
         if (!place.ok()) {
-            report.refuse(place.failure().message);
+            report.refuse(place.failure().message.english());
             return std::nullopt;
         }
         add(place.value());
@@ -98,9 +98,9 @@ void editFields(const AudioFields &file, const std::vector<tags::FieldEdit> &edi
     const auto saved = isDry ? tags::tryFields(path, edits, file.audio.state)
                              : tags::saveFields(path, edits, file.audio.state);
     if (!saved.ok())
-        return report.refuse(saved.failure().message);
+        return report.refuse(saved.failure().message.english());
     if (!saved.value().remark.empty())
-        report.remark(saved.value().remark);
+        report.remark(saved.value().remark.english());
     if (isJson)
         return writeJson(changes, !isDry && saved.value().written, report);
     if (isDry && changes.empty())

@@ -22,7 +22,7 @@ AudioLength lengthOfAudio(const std::string &path)
 {
     const tags::Outcome<tags::AudioTags> read = tags::read(path);
     if (!read.ok())
-        return {0, read.failure().message};
+        return {0, read.failure().message.english()};
     const std::int64_t millis = lyrics::millisFromSeconds(read.value().duration);
     if (millis <= 0)
         return {0, "The file does not tell how long it is."};

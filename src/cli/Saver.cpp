@@ -14,8 +14,8 @@ namespace {
 SaveAnswer answerTo(const tags::Outcome<tags::Saved> &outcome)
 {
     if (!outcome.ok())
-        return {outcome.failure().message, {}};
-    return {{}, outcome.value().remark};
+        return {outcome.failure().message.english(), {}};
+    return {{}, outcome.value().remark.english()};
 }
 
 } // namespace

@@ -322,7 +322,7 @@ Schreibt zeitlich abgestimmte Liedtexte in Ihre Lieder. Drücken Sie die Eingabe
     </message>
     <message>
         <source>“%1” is not an audio file.</source>
-        <translation>„%1“ ist keine Tondatei.</translation>
+        <translation>„%1“ ist keine Audiodatei.</translation>
     </message>
     <message>
         <source>“%1” cannot be played because a decoder is not installed: %2.</source>
@@ -343,6 +343,41 @@ Schreibt zeitlich abgestimmte Liedtexte in Ihre Lieder. Drücken Sie die Eingabe
     <message>
         <source>Nothing can be played because parts of the multimedia library are not installed.</source>
         <translation>Es lässt sich nichts abspielen, weil Teile der Multimedia-Bibliothek nicht installiert sind.</translation>
+    </message>
+</context>
+<context>
+    <name>QShortcut</name>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Num-Eingabe</translation>
+    </message>
+    <message>
+        <source>PgUp</source>
+        <translation>Bild auf</translation>
+    </message>
+    <message>
+        <source>PgDown</source>
+        <translation>Bild ab</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>←</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>→</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>↑</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>↓</translation>
     </message>
 </context>
 </TS>

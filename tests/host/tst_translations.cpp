@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
 // lyricdesk in another language: no text is missing, and the window and its help speak it.
+#include "editor/CommandTitles.h"
 #include "host/DeskWindow.h"
 #include "host/HelpPage.h"
 #include "host/Translations.h"
 #include "media/player/Player.h"
+#include "support/ModalDialogs.h"
 #include "support/QtWarnings.h"
+#include "support/SourceTexts.h"
 
-#include <QtCore/QDirIterator>
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
@@ -16,22 +18,14 @@
 
 namespace {
 
+// The languages of this desktop. They are asked for once in a process.
+const bool kLanguagesAreSet = qputenv("LANGUAGE", "en_GB:de_DE");
+
 struct Text
 {
     QByteArray context;
     QString source;
 };
-
-// The compiler joins literals that stand side by side.
-QString joined(const QString &literals)
-{
-    static const QRegularExpression part(QLatin1String("\"((?:[^\"\\\\]|\\\\.)*)\""));
-    QString text;
-    for (auto parts = part.globalMatch(literals); parts.hasNext();) {
-        text += parts.next().captured(1);
-    }
-    return text.replace(QLatin1String("\\n"), QLatin1String("\n"));
-}
 
 // What the sources of `folder` look up, in the context that the program looks it up in.
 QList<Text> textsOf(const QString &folder)
@@ -47,19 +41,12 @@ QList<Text> textsOf(const QString &folder)
               for (auto calls = call.globalMatch(source); calls.hasNext();) {
                   const auto found = calls.next();
                   texts.append({context.isEmpty() ? found.captured(1).toUtf8() : context,
-                      joined(found.captured(found.lastCapturedIndex()))});
+                      support::joinedLiterals(found.captured(found.lastCapturedIndex()))});
               }
           };
-    QDirIterator files(
-        folder, {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        QFile file(files.next());
-        if (!file.open(QIODevice::ReadOnly)) {
-            return {};
-        }
-        const QString source = QString::fromUtf8(file.readAll());
+    for (const auto &[baseName, source] : support::sourceFilesBelow(folder)) {
         add(explicitly, source, {});
-        add(ofClass, source, "desk::" + files.fileInfo().baseName().toUtf8());
+        add(ofClass, source, "desk::" + baseName.toUtf8());
         add(ofPlayer, source, "media::Player");
     }
     return texts;
@@ -77,6 +64,15 @@ private Q_SLOTS:
     void englishWithoutACatalogue()
     {
         QLocale::setDefault(QLocale(QStringLiteral("fr_FR")));
+        desk::installTranslations(*qApp);
+        QCOMPARE(QCoreApplication::translate("desk::DeskWindow", "No song"), QStringLiteral("No song"));
+    }
+
+    // Before the first German one is installed: nothing takes it away again.
+    void englishForWhoPutsItFirst()
+    {
+        QLocale::setDefault(QLocale::system());
+        QCOMPARE(QLocale().uiLanguages().constLast().left(2), QStringLiteral("de"));
         desk::installTranslations(*qApp);
         QCOMPARE(QCoreApplication::translate("desk::DeskWindow", "No song"), QStringLiteral("No song"));
     }
@@ -101,6 +97,47 @@ private Q_SLOTS:
             QCOMPARE(text.count(QLatin1Char('&')), source.count(QLatin1Char('&')));
         }
         QVERIFY2(missing.isEmpty(), qPrintable(missing.join(QLatin1String(" | "))));
+    }
+
+    void whatTheTagsSayIsToldInIt()
+    {
+        QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+        desk::installTranslations(*qApp);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("Wörter.mp3"));
+        QFile words(path);
+        QVERIFY(words.open(QIODevice::WriteOnly));
+        words.write("These are words and no music at all.\n");
+        words.close();
+        desk::DeskWindow window(media::Player::create());
+        QStringList told;
+        support::whenDialogOpens([&told](QWidget &dialog) {
+            told = support::textsOf(dialog);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        QVERIFY(!window.open(path));
+        QVERIFY(told.contains(QStringLiteral("„Wörter.mp3“ wurde nicht geöffnet")));
+        QVERIFY2(
+            !told.filter(QStringLiteral("Das ist keine Audiodatei, was auch immer der Name sagt.")).isEmpty(),
+            qPrintable(told.join(QLatin1Char('|'))));
+    }
+
+    void keysHaveOneNameEach()
+    {
+        QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+        desk::installTranslations(*qApp);
+        const desk::DeskWindow window(media::Player::create());
+        int compared = 0;
+        for (const QAction *menu : window.menuBar()->actions()) {
+            for (const QAction *entry : menu->menu()->actions()) {
+                for (const QKeySequence &key : entry->shortcuts()) {
+                    // What a menu shows, and what the tooltips and the list of keys say.
+                    QCOMPARE(key.toString(QKeySequence::NativeText), editor::keyText(key));
+                    ++compared;
+                }
+            }
+        }
+        QVERIFY(compared > 30);
     }
 
     void theWindowSpeaksIt()

@@ -35,7 +35,8 @@ constexpr std::string_view kBelowTheChildren = "views kit resources lyrics shell
 constexpr std::array kRules{
     Rule{"lyrics", "", Outside::StandardLibrary},
     Rule{"kit", "", Outside::Anything},
-    Rule{"resources", "kit", Outside::Anything},
+    Rule{"catalogue", "", Outside::QtWithoutWidgets},
+    Rule{"resources", "kit catalogue", Outside::Anything},
     Rule{"shell/contracts", "", Outside::QtWithoutWidgets},
     Rule{"views", "kit resources", Outside::Anything},
     Rule{"player", kBelowTheChildren, Outside::Anything},
@@ -43,7 +44,7 @@ constexpr std::array kRules{
     Rule{"editor", kBelowTheChildren, Outside::Anything},
     Rule{"shell", "editor player preview views kit resources lyrics shell/contracts", Outside::Anything},
     Rule{"media/tags", "", Outside::AnythingButQt},
-    Rule{"media/items", "media/tags shell/contracts", Outside::Anything},
+    Rule{"media/items", "media/tags shell/contracts catalogue", Outside::Anything},
     Rule{"media/player", "media/tags media/items shell/contracts", Outside::Anything},
     Rule{"host", "shell shell/contracts media/tags media/items media/player", Outside::Anything},
     Rule{"cli", "lyrics media/tags", Outside::AnythingButQt},

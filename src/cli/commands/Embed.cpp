@@ -84,7 +84,7 @@ void embed(const Input &source, Report &report)
     if (edits.ok())
         editFields(*file, edits.value(), report);
     else
-        report.refuse(edits.failure().message);
+        report.refuse(edits.failure().message.english());
 }
 
 Verdict embedOne(const Invocation &invocation)

@@ -40,8 +40,8 @@ std::optional<std::string> wantedText(const AudioFields &file, Report &report)
     if (place.ok() && place.value().field)
         return file.fields.entries()[*place.value().field].field.text;
     if (!report.input().isFound || !place.ok())
-        report.refuse(
-            place.ok() ? "it has no field " + place.value().newName + "." : place.failure().message);
+        report.refuse(place.ok() ? "it has no field " + place.value().newName + "."
+                                 : place.failure().message.english());
     return std::nullopt;
 }
 

@@ -66,7 +66,7 @@ tags::Outcome<tags::Saved> SaveTask::outcome(const tags::SaveProgress &progress)
     } catch (const std::exception &error) {
         // Memory that is not there ends the save, not the program with what else is typed in it.
         return tags::Failure{tags::Reason::SystemError,
-            "The lyric could not be saved, and the file is as it was. (" + std::string(error.what()) + ")"};
+            {"The lyric could not be saved, and the file is as it was. (%1)", {error.what()}}};
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "media/items/TaggedAudioFile.h"
 
+#include "media/items/MessageText.h"
 #include "media/items/SaveTask.h"
 #include "media/tags/AudioTags.h"
 #include "media/tags/SaveLyric.h"
@@ -64,7 +65,7 @@ QImage decodeCover(const QByteArray &data)
 
 TaggedAudioFile::SaveResult refused(const tags::Failure &failure)
 {
-    return {false, toText(failure.message), failure.reason == tags::Reason::Cancelled};
+    return {false, messageText(failure.message), failure.reason == tags::Reason::Cancelled};
 }
 
 } // namespace
@@ -73,7 +74,7 @@ TaggedAudioFile::OpenResult TaggedAudioFile::open(const QString &path)
 {
     const tags::Outcome<tags::AudioTags> outcome = tags::read(nativePath(path));
     if (!outcome.ok())
-        return {nullptr, toText(outcome.failure().message)};
+        return {nullptr, messageText(outcome.failure().message)};
     return {std::shared_ptr<TaggedAudioFile>(new TaggedAudioFile(path, outcome.value())), {}};
 }
 
@@ -123,7 +124,7 @@ TaggedAudioFile::SaveResult TaggedAudioFile::take(
     m_state = outcome.value().state;
     m_savedLyric = lyric;
     refreshIsDirty();
-    return {true, toText(outcome.value().remark)};
+    return {true, messageText(outcome.value().remark)};
 }
 
 TaggedAudioFile::SaveResult TaggedAudioFile::save()
@@ -142,7 +143,8 @@ TaggedAudioFile::SaveResult TaggedAudioFile::endSave(
     const SaveTask *task, const tags::Outcome<tags::Saved> &outcome)
 {
     if (task != m_saving.get())
-        return outcome.ok() ? SaveResult{true, toText(outcome.value().remark)} : refused(outcome.failure());
+        return outcome.ok() ? SaveResult{true, messageText(outcome.value().remark)}
+                            : refused(outcome.failure());
     const auto ended = std::exchange(m_saving, nullptr);
     return take(outcome, ended->lyric());
 }

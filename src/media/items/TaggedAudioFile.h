@@ -32,13 +32,13 @@ public:
     struct OpenResult
     {
         std::shared_ptr<TaggedAudioFile> item; ///< null when it could not be opened
-        QString message; ///< English, ready to be shown; empty when it could
+        QString message; ///< in the user's language, ready to be shown; empty when it could
     };
     /// What `save()` answers.
     struct SaveResult
     {
         bool ok = false;
-        /// English, ready to be shown: why it failed, or a remark on a save that succeeded
+        /// In the user's language, ready to be shown: why it failed, or a remark on a save that succeeded
         /// (most have none).
         QString message;
         bool cancelled = false; ///< it failed because of cancelSave()

@@ -191,15 +191,16 @@ std::vector<std::size_t> FieldSet::named(std::string_view name) const
     return found;
 }
 
-std::string FieldSet::namesShown() const
+/// `pattern` says it of `name`, of the fields that there are, and of those that there could be.
+Failure FieldSet::notOne(const char *pattern, std::string_view name) const
 {
     std::string shown;
     for (std::size_t i = 0; i < m_entries.size(); ++i)
         shown += (i == 0 ? "" : ", ") + std::to_string(i + 1) + ' ' + labelOf(m_entries[i].field);
     std::string addable;
-    for (const std::string &name : m_newNames)
-        addable += (addable.empty() ? "" : ", ") + name;
-    return "It has " + (shown.empty() ? "none" : shown) + "; it can get " + addable + '.';
+    for (const std::string &newName : m_newNames)
+        addable += (addable.empty() ? "" : ", ") + newName;
+    return {Reason::Unsupported, {pattern, {std::string(name), shown.empty() ? "none" : shown, addable}}};
 }
 
 Outcome<LyricPlace> FieldSet::find(std::string_view name) const
@@ -210,16 +211,14 @@ Outcome<LyricPlace> FieldSet::find(std::string_view name) const
     if (found.size() == 1)
         return LyricPlace{found.front(), {}};
     if (found.size() > 1) {
-        return Failure{Reason::Unsupported,
-            "There are several fields called " + std::string(name) + "; choose one by its number. "
-                + namesShown()};
+        return notOne(
+            "There are several fields called %1; choose one by its number. It has %2; it can get %3.", name);
     }
     const auto isNew = std::find_if(m_newNames.begin(), m_newNames.end(),
         [wanted = upper(name)](const std::string &addable) { return upper(addable) == wanted; });
     if (isNew != m_newNames.end())
         return LyricPlace{std::nullopt, *isNew};
-    return Failure{
-        Reason::Unsupported, "The file has no field called " + std::string(name) + ". " + namesShown()};
+    return notOne("The file has no field called %1. It has %2; it can get %3.", name);
 }
 
 std::vector<FieldEdit> FieldSet::madeEqual() const

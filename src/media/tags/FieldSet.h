@@ -60,7 +60,7 @@ public:
 
 private:
     [[nodiscard]] std::vector<std::size_t> named(std::string_view name) const;
-    [[nodiscard]] std::string namesShown() const;
+    [[nodiscard]] Failure notOne(const char *pattern, std::string_view name) const;
 
     std::vector<Entry> m_entries;
     std::vector<std::string> m_newNames;

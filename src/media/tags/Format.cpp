@@ -38,9 +38,6 @@ constexpr Signature kOthers[] = {
     {0, "ADIF"sv, "AAC in ADIF"},
 };
 
-constexpr const char *kChoose
-    = " Choose an MP3, M4A, FLAC, Ogg, Opus, WAV, AIFF, AAC, WMA, APE or WavPack file.";
-
 /// Audio that other tags may stand before.
 constexpr std::pair<std::string_view, Format> kBehindTags[] = {
     {"fLaC"sv, Format::Flac},
@@ -52,13 +49,17 @@ constexpr std::pair<std::string_view, Format> kBehindTags[] = {
 
 Failure unsupported(const char *name)
 {
-    return {
-        Reason::Unsupported, std::string("Files of this kind (") + name + ") cannot be opened." + kChoose};
+    return {Reason::Unsupported,
+        {"Files of this kind (%1) cannot be opened. Choose an MP3, M4A, FLAC, Ogg, Opus, WAV, AIFF, AAC, "
+         "WMA, APE or WavPack file.",
+            {name}}};
 }
 
 Failure notAudio()
 {
-    return {Reason::NotAudio, std::string("This is not an audio file, whatever its name says.") + kChoose};
+    return {Reason::NotAudio,
+        "This is not an audio file, whatever its name says. Choose an MP3, M4A, FLAC, Ogg, Opus, WAV, AIFF, "
+        "AAC, WMA, APE or WavPack file."};
 }
 
 Outcome<Format> oggFormat(const ByteSource &source)

@@ -79,7 +79,7 @@ std::size_t occurrences(std::string_view body, std::string_view name)
 
 Failure hostile(const char *what)
 {
-    return {Reason::Hostile, std::string("The file's ID3 tag ") + what + ", which cannot be read safely."};
+    return {Reason::Hostile, {"The file's ID3 tag %1, which cannot be read safely.", {what}}};
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <system_error>
 #include <utility>
@@ -160,15 +161,21 @@ FileState stateOf(const struct stat &status)
     return state;
 }
 
+std::string systemReason(int error)
+{
+    const char *const reason = ::strerrordesc_np(error);
+    return reason ? reason : std::generic_category().message(error);
+}
+
 Failure systemFailure(int error, const std::string &what)
 {
-    const std::string why = std::generic_category().message(error);
+    const std::string why = systemReason(error);
     if (error == ENOENT || error == ENOTDIR)
-        return {Reason::Missing, "The file is not there. (" + why + ")"};
+        return {Reason::Missing, {"The file is not there. (%1)", {why}}};
     if (error == EACCES || error == EPERM)
         return {Reason::NoPermission,
-            "You do not have permission: the file could not be " + what + ". (" + why + ")"};
-    return {Reason::SystemError, "The file could not be " + what + ". (" + why + ")"};
+            {"You do not have permission: the file could not be %1. (%2)", {what, why}}};
+    return {Reason::SystemError, {"The file could not be %1. (%2)", {what, why}}};
 }
 
 Outcome<FileState> currentState(const std::string &path, SystemCalls &system, WorkProgress &progress)

@@ -52,6 +52,9 @@ struct LoadedFile
 [[nodiscard]] Outcome<FileState> currentState(
     const std::string &path, SystemCalls &system, WorkProgress &progress);
 
+/// What the system calls `error`, a value of `errno`. English, whatever language the system speaks.
+[[nodiscard]] std::string systemReason(int error);
+
 /// The refusal for `error`, a value of `errno`, when `what` ("read", "written", …) was tried.
 [[nodiscard]] Failure systemFailure(int error, const std::string &what);
 

@@ -81,10 +81,9 @@ Outcome<std::vector<FieldEdit>> lyricEdits(const std::vector<LyricField> &fields
     if (lyric.empty() || edits.empty() || (index && after[*index].text == lyric))
         return edits;
     return Failure{Reason::Unsupported,
-        "Another field of the file, " + (index ? after[*index].name : std::string("unknown"))
-            + ", would be read as its lyric from now on, because this one has no times. Take that field out "
-              "first "
-              "(lrctool fields --clear), or give a line a time."};
+        {"Another field of the file, %1, would be read as its lyric from now on, because this one has no "
+         "times. Take that field out first (lrctool fields --clear), or give a line a time.",
+            {index ? after[*index].name : "unknown"}}};
 }
 
 } // namespace tags

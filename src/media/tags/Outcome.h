@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "media/tags/Message.h"
+
 #include <cassert>
 #include <optional>
-#include <string>
 #include <utility>
 
 namespace tags {
@@ -30,7 +31,7 @@ enum class Reason {
 struct Failure
 {
     Reason reason = Reason::SystemError;
-    std::string message; ///< UTF-8, English; may name the system's reason, never the file
+    Message message; ///< may name the system's reason, never the file
 };
 
 /// A value, or the reason why there is none.

@@ -14,7 +14,6 @@
 #include <functional>
 #include <optional>
 #include <random>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 #include <vector>
@@ -223,13 +222,14 @@ Outcome<FileState> fill(Temporary &temporary, const ByteSource &content, SystemC
 }
 
 /// A rename is on the disk only when its folder is.
-std::string syncFolder(const std::string &folder, SystemCalls &system)
+Message syncFolder(const std::string &folder, SystemCalls &system)
 {
     const Descriptor file(system.open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0), system);
     if (file.get() >= 0 && (syncRetrying(file.get(), system) || errno == EINVAL))
         return {};
-    return "The lyric is saved, but the system could not say whether it would survive a power failure now. ("
-        + std::generic_category().message(errno) + ")";
+    return {
+        "The lyric is saved, but the system could not say whether it would survive a power failure now. (%1)",
+        {systemReason(errno)}};
 }
 
 Failure readOnly()
@@ -243,14 +243,15 @@ Failure noRoomBeside(int error)
     if (error != EACCES && error != EPERM && error != EROFS)
         return systemFailure(error, "written");
     return {Reason::NoPermission,
-        "The folder of the file does not allow new files in it, which saving safely needs. ("
-            + std::generic_category().message(error) + ")"};
+        {"The folder of the file does not allow new files in it, which saving safely needs. (%1)",
+            {systemReason(error)}}};
 }
 
-std::string linkRemark(const struct stat &status)
+Message linkRemark(const struct stat &status)
 {
-    return status.st_nlink > 1 ? "The file has another name (a hard link), under which the old version stays."
-                               : "";
+    if (status.st_nlink <= 1)
+        return {};
+    return "The file has another name (a hard link), under which the old version stays.";
 }
 
 } // namespace
@@ -281,7 +282,7 @@ Outcome<Replaced> replaceFile(const std::string &path, const ByteSource &content
         return *failure;
     if (temporary->rename(path) != 0)
         return notWritten();
-    const std::string remark = syncFolder(folder, system);
+    const Message remark = syncFolder(folder, system);
     return Replaced{state.value(), remark.empty() ? linkRemark(old.status) : remark};
 }
 

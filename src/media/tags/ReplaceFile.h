@@ -20,7 +20,7 @@ enum class Sweep { First, No };
 struct Replaced
 {
     FileState state;
-    std::string remark; ///< for people; empty unless something deserves a word
+    Message remark; ///< empty unless something deserves a word
 };
 
 /// The refusal when the file at `path`, which has `status`, may not be replaced. The mode is asked as well as

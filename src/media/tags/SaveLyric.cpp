@@ -37,7 +37,7 @@ public:
     [[nodiscard]] Outcome<Saved> run(const EditMaker &makeEdits, const SaveProgress &report);
 
 private:
-    [[nodiscard]] std::string hiddenTagRemark() const;
+    [[nodiscard]] Message hiddenTagRemark() const;
     [[nodiscard]] std::optional<Failure> takeHash();
     [[nodiscard]] std::optional<Failure> apply(
         const Container &container, const std::vector<FieldEdit> &edits);
@@ -77,7 +77,7 @@ std::optional<Failure> unholdable(const std::vector<FieldEdit> &edits, const std
 }
 
 /// Some programs read an ID3v2 tag, where there is one, and no other.
-std::string Save::hiddenTagRemark() const
+Message Save::hiddenTagRemark() const
 {
     const bool isNewTag = m_format == Format::Mpeg && leadingId3v2Size(*m_file.source) == 0
         && leadingId3v2Size(*m_edited) > 0;
@@ -149,7 +149,7 @@ Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
     Outcome<Replaced> replaced = replaceFile(m_path, *m_edited, m_file, m_system, m_progress);
     if (!replaced.ok())
         return replaced.failure();
-    std::string remark = std::move(replaced.value().remark);
+    Message remark = std::move(replaced.value().remark);
     return Saved{replaced.value().state, true, remark.empty() ? hiddenTagRemark() : remark};
 }
 

@@ -19,7 +19,7 @@ struct Saved
 {
     FileState state; ///< of the file as it is now: what the next save expects
     bool written = false; ///< false when the file already held this lyric and was left alone
-    std::string remark; ///< for people, UTF-8; empty unless something about it deserves a word
+    Message remark; ///< empty unless something about it deserves a word
 };
 
 /// Gives fields of the file at `path` other texts (UTF-8, stored byte for byte), all in one step.

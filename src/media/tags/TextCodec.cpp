@@ -99,8 +99,9 @@ bool isTagText(std::string_view text)
 Failure notTagText(const std::string &what)
 {
     return {Reason::NotText,
-        "The lyric holds bytes that are no text in UTF-8, which " + what
-            + " cannot store. They show as replacement marks."};
+        {"The lyric holds bytes that are no text in UTF-8, which %1 cannot store. They show as replacement "
+         "marks.",
+            {what}}};
 }
 
 std::string utf8FromLatin1(std::string_view text)

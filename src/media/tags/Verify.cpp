@@ -155,8 +155,9 @@ bool holdsNul(const std::vector<FieldEdit> &edits)
 Failure wouldChange(const char *what)
 {
     return {Reason::WouldChangeMore,
-        std::string("The file was left alone, because saving would have changed ") + what
-            + ". Its structure is unusual or damaged."};
+        {"The file was left alone, because saving would have changed %1. Its structure is unusual or "
+         "damaged.",
+            {what}}};
 }
 
 /// The comparison as the containers read both.

@@ -23,7 +23,7 @@ struct Opened
     {
         const tags::Outcome<tags::Format> detected = tags::detectFormat(source);
         if (!detected.ok()) {
-            ADD_FAILURE() << detected.failure().message;
+            ADD_FAILURE() << detected.failure().message.english();
             return;
         }
         format = detected.value();
@@ -31,7 +31,7 @@ struct Opened
         if (parsed.ok())
             container = parsed.value();
         else
-            ADD_FAILURE() << parsed.failure().message;
+            ADD_FAILURE() << parsed.failure().message.english();
     }
 
     tags::MemorySource source;
@@ -100,7 +100,7 @@ std::string editedAll(const std::string &bytes, const std::vector<tags::FieldEdi
 {
     const tags::Outcome<std::string> outcome = triedAll(bytes, edits);
     if (!outcome.ok())
-        ADD_FAILURE() << outcome.failure().message;
+        ADD_FAILURE() << outcome.failure().message.english();
     return outcome.ok() ? outcome.value() : std::string();
 }
 

@@ -282,7 +282,7 @@ TEST_F(Mp3WithFourTags, SavedFromAndToTheDisk)
     write(path, sound + apeTag({{"Title", "t"}, {"Lyrics", "old"}}));
     const std::string heard = soundOf(path);
     const auto saved = tags::saveLyric(path, "[00:01.00]\u8D70\r\n", tags::read(path).value().state);
-    ASSERT_TRUE(saved.ok()) << saved.failure().message;
+    ASSERT_TRUE(saved.ok()) << saved.failure().message.english();
     EXPECT_EQ(contents(path), sound + apeTag({{"Title", "t"}, {"Lyrics", "[00:01.00]\u8D70\r\n"}}));
     EXPECT_EQ(soundOf(path), heard);
 }

@@ -129,7 +129,7 @@ TEST(Asf, LyricThatNothingCanHoldIsRefused)
         = edits::tried(wma({extended({text("WM/Lyrics", "short")})}), field(0), std::string(32767, 'x'));
     ASSERT_FALSE(outcome.ok());
     EXPECT_EQ(outcome.failure().reason, Reason::TooLarge);
-    EXPECT_THAT(outcome.failure().message, HasSubstr("32,766"));
+    EXPECT_THAT(outcome.failure().message.english(), HasSubstr("32,766"));
     EXPECT_EQ(refusalOf(wma({extension("")}), newField(), std::string(17U << 20, 'x')), Reason::TooLarge);
     std::vector<std::string> many(0xFFFF, text("a", "b"));
     EXPECT_EQ(refusalOf(wma({extended(many)}), newField(), "one more"), Reason::TooLarge);

@@ -42,13 +42,13 @@ std::string summary(const tags::AudioTags &tags)
 void saveAndTakeBack(const std::string &path, const tags::AudioTags &first, const tags::Saved &saved)
 {
     const auto second = tags::read(path);
-    ASSERT_TRUE(second.ok()) << second.failure().message;
+    ASSERT_TRUE(second.ok()) << second.failure().message.english();
     EXPECT_EQ(second.value().lyric, kLyric);
     EXPECT_EQ(summary(second.value()), summary(first));
     const auto back = tags::saveLyric(path, first.lyric.value_or(""), saved.state);
-    ASSERT_TRUE(back.ok()) << back.failure().message;
+    ASSERT_TRUE(back.ok()) << back.failure().message.english();
     const auto third = tags::read(path);
-    ASSERT_TRUE(third.ok()) << third.failure().message;
+    ASSERT_TRUE(third.ok()) << third.failure().message.english();
     EXPECT_EQ(third.value().lyric, first.lyric);
     EXPECT_EQ(summary(third.value()), summary(first));
 }

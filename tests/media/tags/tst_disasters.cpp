@@ -65,7 +65,7 @@ Answer saveOnSmallDisk(const std::string &disk, const std::string &bytes, std::s
         return Wrong;
     if (!saved.ok())
         return contents(path) == bytes
-                && saved.failure().message.find(std::strerror(ENOSPC)) != std::string::npos
+                && saved.failure().message.english().find(std::strerror(ENOSPC)) != std::string::npos
             ? Refused
             : Wrong;
     return again.value().lyric == kLyric ? SavedWhole : Wrong;

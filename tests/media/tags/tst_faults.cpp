@@ -179,7 +179,8 @@ TEST(Faults, TheMessageCarriesTheSystemsReason)
         const auto saved = tags::saveLyric(path, kLyric, state, {}, system);
         if (saved.ok())
             break;
-        EXPECT_THAT(saved.failure().message, HasSubstr(std::strerror(ENOSPC))) << "call " << failing;
+        EXPECT_THAT(saved.failure().message.english(), HasSubstr(std::strerror(ENOSPC)))
+            << "call " << failing;
     }
 }
 

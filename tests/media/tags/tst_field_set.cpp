@@ -124,10 +124,11 @@ TEST(FieldSet, FindsByNumberNameAndLanguage)
     EXPECT_FALSE(added.value().field.has_value());
     EXPECT_EQ(added.value().newName, "TXXX:SYNCEDLYRICS");
     ASSERT_FALSE(set.find("USLT").ok());
-    EXPECT_THAT(set.find("USLT").failure().message, HasSubstr("1 USLT (eng), 2 USLT (deu)"));
+    EXPECT_THAT(set.find("USLT").failure().message.english(), HasSubstr("1 USLT (eng), 2 USLT (deu)"));
     for (const char *wrong : {"4", "0", "-1", "", "1x", "LYRICS"}) {
         ASSERT_FALSE(set.find(wrong).ok()) << wrong;
-        EXPECT_THAT(set.find(wrong).failure().message, HasSubstr("can get USLT, TXXX:SYNCEDLYRICS"));
+        EXPECT_THAT(
+            set.find(wrong).failure().message.english(), HasSubstr("can get USLT, TXXX:SYNCEDLYRICS"));
     }
 }
 

@@ -68,7 +68,7 @@ TEST_F(HostileId3, RiffWhoseSizesLie)
             const std::string lying = id + toLittleEndian(size, 4) + "0123456789";
             write(path, wav(fmt + lying));
             const auto read = tags::read(path);
-            ASSERT_TRUE(read.ok()) << read.failure().message;
+            ASSERT_TRUE(read.ok()) << read.failure().message.english();
             EXPECT_EQ(tags::saveLyric(path, kLyric, read.value().state).failure().reason, Reason::Damaged)
                 << id << size;
         }

@@ -107,7 +107,7 @@ TEST(Mp4, SeveralLyricsChangeGoAndComeAtOnce)
         + lyricAtom("and another");
     const tags::Outcome<std::string> after = edits::triedAll(
         before, {{field(2), ""}, {newField(), "and another"}, {field(0), "1"}, {field(1), ""}});
-    ASSERT_TRUE(after.ok()) << after.failure().message;
+    ASSERT_TRUE(after.ok()) << after.failure().message.english();
     EXPECT_TRUE(after.value() == song.bytes());
 }
 

@@ -26,7 +26,7 @@ Reason reasonOf(const std::string &path)
     EXPECT_FALSE(outcome.ok()) << path;
     if (outcome.ok())
         return Reason::WouldChangeMore;
-    EXPECT_THAT(outcome.failure().message, Not(IsEmpty()));
+    EXPECT_THAT(outcome.failure().message.english(), Not(IsEmpty()));
     return outcome.failure().reason;
 }
 
@@ -34,7 +34,7 @@ TEST(Read, TitleArtistAlbumCoverAndDuration)
 {
     for (const std::string &name : names()) {
         const auto outcome = tags::read(sample(name));
-        ASSERT_TRUE(outcome.ok()) << name << ": " << outcome.failure().message;
+        ASSERT_TRUE(outcome.ok()) << name << ": " << outcome.failure().message.english();
         const tags::AudioTags &tags = outcome.value();
         const bool tagged = name.find("untagged") != 0;
         EXPECT_EQ(tags.title, tagged ? "The Title" : "") << name;
@@ -90,8 +90,9 @@ TEST(Read, AudioOfAnotherKindIsNamed)
         const auto outcome = tags::read(folder.file("song.wav"));
         ASSERT_FALSE(outcome.ok());
         EXPECT_EQ(outcome.failure().reason, Reason::Unsupported);
-        EXPECT_THAT(outcome.failure().message, HasSubstr(name));
-        EXPECT_THAT(outcome.failure().message, HasSubstr("Choose an MP3, M4A, FLAC, Ogg, Opus, WAV"));
+        EXPECT_THAT(outcome.failure().message.english(), HasSubstr(name));
+        EXPECT_THAT(
+            outcome.failure().message.english(), HasSubstr("Choose an MP3, M4A, FLAC, Ogg, Opus, WAV"));
     }
 }
 
@@ -140,7 +141,7 @@ TEST(Read, FileTooLargeToSaveIsStillRead)
     const std::string path = folder.copy(sample("tagged.flac"));
     ASSERT_EQ(truncate(path.c_str(), 200LL << 20), 0);
     const auto outcome = tags::read(path);
-    ASSERT_TRUE(outcome.ok()) << outcome.failure().message;
+    ASSERT_TRUE(outcome.ok()) << outcome.failure().message.english();
     EXPECT_EQ(outcome.value().title, "The Title");
     EXPECT_FALSE(outcome.value().state.hash.has_value());
 }
@@ -157,7 +158,7 @@ TEST(Read, EachCallThatFailsIsARefusalWithTheReason)
             continue; // the last call closes the file; what was read stays read
         ASSERT_FALSE(outcome.ok()) << failing;
         EXPECT_EQ(outcome.failure().reason, Reason::SystemError);
-        EXPECT_THAT(outcome.failure().message, HasSubstr(std::strerror(EIO)));
+        EXPECT_THAT(outcome.failure().message.english(), HasSubstr(std::strerror(EIO)));
     }
 }
 

@@ -233,7 +233,8 @@ TEST(Wav, BeyondFourGibibytesIsRefusedByName)
         const auto outcome = tags::read(folder.file("song.wav"));
         ASSERT_FALSE(outcome.ok());
         EXPECT_EQ(outcome.failure().reason, Reason::Unsupported);
-        EXPECT_THAT(outcome.failure().message, HasSubstr(std::string(form) + ", which is WAV beyond 4 GiB"));
+        EXPECT_THAT(outcome.failure().message.english(),
+            HasSubstr(std::string(form) + ", which is WAV beyond 4 GiB"));
     }
 }
 

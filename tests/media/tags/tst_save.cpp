@@ -27,7 +27,7 @@ tags::AudioTags readOk(const std::string &path)
 {
     const tags::Outcome<tags::AudioTags> outcome = tags::read(path);
     if (!outcome.ok()) {
-        ADD_FAILURE() << path << ": " << outcome.failure().message;
+        ADD_FAILURE() << path << ": " << outcome.failure().message.english();
         return {};
     }
     return outcome.value();
@@ -37,7 +37,7 @@ tags::Saved saveOk(const std::string &path, std::string_view lyric)
 {
     const tags::Outcome<tags::Saved> outcome = tags::saveLyric(path, lyric, readOk(path).state);
     if (!outcome.ok()) {
-        ADD_FAILURE() << path << ": " << outcome.failure().message;
+        ADD_FAILURE() << path << ": " << outcome.failure().message.english();
         return {};
     }
     return outcome.value();
@@ -125,7 +125,7 @@ TEST_P(EverySample, SavesOneAfterTheOtherWithTheStateOfTheLast)
     tags::FileState state = readOk(path).state;
     for (const char *text : {"[00:01.00]a", "[00:01.00]b", "", "[00:01.00]c"}) {
         const tags::Outcome<tags::Saved> saved = tags::saveLyric(path, text, state);
-        ASSERT_TRUE(saved.ok()) << saved.failure().message;
+        ASSERT_TRUE(saved.ok()) << saved.failure().message.english();
         state = saved.value().state;
     }
     EXPECT_EQ(readOk(path).lyric, "[00:01.00]c");
@@ -271,7 +271,7 @@ TEST_F(Save, ReadOnlyFileIsRefused)
     const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
     ASSERT_FALSE(saved.ok());
     EXPECT_EQ(saved.failure().reason, tags::Reason::ReadOnly);
-    EXPECT_THAT(saved.failure().message, HasSubstr("read-only"));
+    EXPECT_THAT(saved.failure().message.english(), HasSubstr("read-only"));
     EXPECT_EQ(contents(path), before);
     EXPECT_THAT(folder.names(), ElementsAre("v24.mp3"));
 }
@@ -337,7 +337,7 @@ TEST_F(Save, HardLinkIsTold)
 {
     const std::string path = folder.copy(sample("v24.mp3"));
     std::filesystem::create_hard_link(path, folder.file("other.mp3"));
-    EXPECT_THAT(saveOk(path, kLyric).remark, HasSubstr("hard link"));
+    EXPECT_THAT(saveOk(path, kLyric).remark.english(), HasSubstr("hard link"));
     EXPECT_FALSE(readOk(folder.file("other.mp3")).lyric.has_value());
 }
 

@@ -65,7 +65,7 @@ TEST_F(SaveFields, SeveralAtOnceChangeAddAndTakeAway)
     const std::vector<tags::FieldEdit> first = {
         {{{}, "UNSYNCEDLYRICS"}, "words"}, {{{}, "SYNCEDLYRICS"}, kLyric}, {{{}, "LYRICS"}, "other words"}};
     const auto saved = tags::saveFields(path, first, readOk(path).state);
-    ASSERT_TRUE(saved.ok()) << saved.failure().message;
+    ASSERT_TRUE(saved.ok()) << saved.failure().message.english();
     ASSERT_THAT(
         texts(path), ElementsAre("LYRICS=other words", "SYNCEDLYRICS=" + kLyric, "UNSYNCEDLYRICS=words"));
 
@@ -107,7 +107,7 @@ TEST_F(SaveFields, UntimedWordsDoNotTakeASynchronisedFieldAway)
     const std::string before = contents(path);
     const auto saved = tags::saveFields(path, {{{0, {}}, "just words"}}, readOk(path).state);
     ASSERT_FALSE(saved.ok());
-    EXPECT_THAT(saved.failure().message, HasSubstr("timed lines alone"));
+    EXPECT_THAT(saved.failure().message.english(), HasSubstr("timed lines alone"));
     EXPECT_EQ(contents(path), before);
 }
 
@@ -120,7 +120,7 @@ TEST_F(SaveFields, ALyricThatWouldNotReadBackIsRefused)
     const std::string before = contents(path);
     const auto saved = tags::saveLyric(path, "just words", readOk(path).state);
     ASSERT_FALSE(saved.ok());
-    EXPECT_THAT(saved.failure().message, HasSubstr("SYNCEDLYRICS"));
+    EXPECT_THAT(saved.failure().message.english(), HasSubstr("SYNCEDLYRICS"));
     EXPECT_EQ(contents(path), before);
     const auto cleared = tags::saveFields(path, {{{1, {}}, ""}}, readOk(path).state);
     ASSERT_TRUE(cleared.ok());
@@ -136,7 +136,7 @@ TEST_F(SaveFields, TwoNewFieldsMaySayTheSame)
         const std::string path = folder.copy(sample(name));
         const auto saved
             = tags::saveFields(path, {{{{}, first}, kLyric}, {{{}, second}, kLyric}}, readOk(path).state);
-        ASSERT_TRUE(saved.ok()) << name << ": " << saved.failure().message;
+        ASSERT_TRUE(saved.ok()) << name << ": " << saved.failure().message.english();
         EXPECT_EQ(texts(path).size(), 2U) << name;
         EXPECT_EQ(readOk(path).lyric, kLyric);
     }
@@ -152,8 +152,8 @@ TEST_F(SaveFields, ATrialAnswersWhatTheSaveWouldAndWritesNothing)
     EXPECT_TRUE(fine.value().written);
     const std::vector<tags::FieldEdit> refused = {{{{}, "USLT"}, "bad \xFF byte"}};
     ASSERT_FALSE(tags::tryFields(path, refused, state).ok());
-    EXPECT_EQ(tags::tryFields(path, refused, state).failure().message,
-        tags::saveFields(path, refused, state).failure().message);
+    EXPECT_EQ(tags::tryFields(path, refused, state).failure().message.english(),
+        tags::saveFields(path, refused, state).failure().message.english());
     EXPECT_EQ(contents(path), before);
     EXPECT_THAT(folder.names(), ElementsAre("v24.mp3"));
 }
@@ -186,8 +186,8 @@ TEST_F(SaveFields, AnApeTagThatIsTheOnlyOneGetsTheLyric)
     write(path, contents(sample("untagged.mp3")) + apeTag({{"Title", "The Title"}}));
     ASSERT_EQ(readOk(path).title, "The Title");
     const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
-    ASSERT_TRUE(saved.ok()) << saved.failure().message;
-    EXPECT_EQ(saved.value().remark, "");
+    ASSERT_TRUE(saved.ok()) << saved.failure().message.english();
+    EXPECT_EQ(saved.value().remark.english(), "");
     EXPECT_THAT(texts(path), ElementsAre("Lyrics=" + kLyric));
     EXPECT_NE(contents(path).substr(0, 3), "ID3") << "a tag at the start would hide the one at the end";
     EXPECT_EQ(readOk(path).title, "The Title");
@@ -199,11 +199,11 @@ TEST_F(SaveFields, ANewTagBesideAnId3v1TagIsTold)
     write(path, contents(sample("untagged.mp3")) + "TAG" + "The Title" + std::string(116, '\0'));
     ASSERT_EQ(readOk(path).title, "The Title");
     const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
-    ASSERT_TRUE(saved.ok()) << saved.failure().message;
-    EXPECT_THAT(saved.value().remark, HasSubstr("ID3v1"));
+    ASSERT_TRUE(saved.ok()) << saved.failure().message.english();
+    EXPECT_THAT(saved.value().remark.english(), HasSubstr("ID3v1"));
     const auto again = tags::saveLyric(path, kLyric + "more", saved.value().state);
     ASSERT_TRUE(again.ok());
-    EXPECT_EQ(again.value().remark, "");
+    EXPECT_EQ(again.value().remark.english(), "");
 }
 
 /// `bytes`, an MP4 file whose movie stands last, with `more` at the end of its lyric atom.
@@ -229,7 +229,7 @@ TEST_F(SaveFields, TheSecondValueOfAnMp4LyricStays)
     write(path, withMoreInLyricAtom(contents(path), second));
     ASSERT_EQ(readOk(path).lyric, "first");
     const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
-    ASSERT_TRUE(saved.ok()) << saved.failure().message;
+    ASSERT_TRUE(saved.ok()) << saved.failure().message.english();
     EXPECT_EQ(readOk(path).lyric, kLyric);
     EXPECT_NE(contents(path).find(second), std::string::npos);
 }
@@ -273,7 +273,7 @@ TEST_F(SaveFields, LargeFileIsCopiedWithoutHoldingIt)
     EXPECT_EQ(before.lyric, "old words");
     EXPECT_FALSE(before.state.hash);
     const auto saved = tags::saveLyric(path, kLyric, before.state);
-    ASSERT_TRUE(saved.ok()) << saved.failure().message;
+    ASSERT_TRUE(saved.ok()) << saved.failure().message.english();
     EXPECT_EQ(readOk(path).lyric, kLyric);
     EXPECT_EQ(readOk(path).state, saved.value().state);
     EXPECT_EQ(readOk(path).title, "Large");
