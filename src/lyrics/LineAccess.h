@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "lyrics/LineEnds.h"
 #include "lyrics/RBSongLine.h"
 #include "lyrics/TimeTag.h"
 
@@ -76,6 +77,26 @@ struct LineAccess
     static bool joinsPrevious(const RBSongLine &line) { return line.m_flags.joinsPrevious; }
     static bool isNew(const RBSongLine &line) { return line.m_flags.isNew; }
     static bool hasColonForm(const RBSongLine &line) { return line.m_flags.hasColonForm; }
+    /// \param tagsEnd  where in the block the time tags end, the last bytes before the text and its blanks
+    static void setPlainTags(RBSongLine &line, std::size_t tagsEnd)
+    {
+        const std::size_t blanks = line.m_textBegin - tagsEnd;
+        line.m_flags.hasPlainTags
+            = tagsEnd - line.m_begin == line.m_times.size() * kPlainTag && blanks < kPlainTag;
+    }
+    /// True when the line has to be written as its times, each in a new time tag, and `behindPlainTags`. So
+    /// most edited lines are.
+    static bool isPlainEdit(const RBSongLine &line)
+    {
+        const auto &flags = line.m_flags;
+        return line.m_times.m_touched && line.m_times.size() > 0 && flags.hasPlainTags && !flags.joinsNext
+            && !line.isTagLine() && !lineEndOf(spelling(line)).empty();
+    }
+    /// Of the spelling, what follows plain tags, with the line end.
+    static std::string_view behindPlainTags(const RBSongLine &line)
+    {
+        return spelling(line).substr(textOffset(line) / kPlainTag * kPlainTag);
+    }
     static ColonReading colonReading(const RBSongLine &line)
     {
         return line.m_flags.colonMeansHours ? ColonReading::Hours : ColonReading::Fraction;
@@ -122,13 +143,24 @@ struct LineAccess
     {
         return !line.m_times.m_touched && !line.m_flags.isRetagged && line.m_block;
     }
-    /// True when the bytes of the line say what the line says among whatever other lines: it is untouched,
-    /// has no time `a:b:c`, and nothing follows it on its physical line. For most lines, at one look.
-    static bool isSureCopy(const RBSongLine &line)
+    /// The same of a line that stands at `begin` in `block`.
+    static bool isUntouchedAt(const RBSongLine &line, const TextBlock *block, std::size_t begin)
     {
-        const auto &flags = line.m_flags;
-        return !line.m_times.m_touched && !(flags.isRetagged | flags.joinsNext | flags.hasColonForm)
-            && line.m_block;
+        return !line.m_times.m_touched && !line.m_flags.isRetagged && line.m_block.get() == block
+            && line.m_begin == begin;
+    }
+    /// Behind the last line of the run from `first` whose bytes, which lie in one piece, say what the lines
+    /// say among whatever other lines: they are untouched, have no time `a:b:c`, and nothing follows them on
+    /// their physical line. Nearly all lines are such; a look at each has to cost next to nothing.
+    static std::size_t sureRunEnd(std::span<const RBSongLine> lines, std::size_t first)
+    {
+        const TextBlock *block = lines[first].m_block.get();
+        std::size_t at = lines[first].m_begin;
+        std::size_t last = first;
+        while (block && last < lines.size() && isUntouchedAt(lines[last], block, at)
+            && !lines[last].m_flags.joinsNext && !lines[last].m_flags.hasColonForm)
+            at += lines[last++].m_length;
+        return last;
     }
 };
 

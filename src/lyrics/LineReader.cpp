@@ -126,14 +126,18 @@ bool Reader::readTimedLine(const char *begin, const char *p, const char *textEnd
     if (!readTimeTag(p, textEnd, m_reading, tag))
         return false;
     RBSongLine &line = add(begin, end, p, p, Kind::Text);
+    bool arePlain = true;
+    const char *tagsEnd = nullptr;
     do {
         addTime(line, tag.millis);
+        arePlain = arePlain && tag.isPlain;
         if (tag.colonForm) {
             LineAccess::setHasColonForm(line, m_reading);
             m_colonForms.hasAny = true;
             m_colonForms.canBeHours = m_colonForms.canBeHours && tag.canBeHours;
         }
-        p = skipBlanks(tag.end, textEnd);
+        tagsEnd = tag.end;
+        p = skipBlanks(tagsEnd, textEnd);
     } while (p < textEnd && *p == '[' && readTimeTag(p, textEnd, m_reading, tag));
     if (!m_manyTimes.empty()) {
         LineAccess::setReadTimes(line, m_block->store(m_manyTimes), m_manyTimes.size());
@@ -142,6 +146,8 @@ bool Reader::readTimedLine(const char *begin, const char *p, const char *textEnd
     const char *last = skipBlanksBack(p, textEnd);
     LineAccess::setJoins(line, m_isJoined, false);
     LineAccess::setText(line, static_cast<std::size_t>(p - m_base), static_cast<std::size_t>(last - m_base));
+    if (arePlain)
+        LineAccess::setPlainTags(line, static_cast<std::size_t>(tagsEnd - m_base));
     m_lyricSeen = true;
     return true;
 }

@@ -154,6 +154,8 @@ private:
         /// One of the times is spelled `a:b:c`.
         bool hasColonForm : 1 = false;
         Stamps stamps : 2 = Stamps::Unknown;
+        /// The time tags are spelled, and stand, as they would be written anew: `[mm:ss.xx]`, side by side.
+        bool hasPlainTags : 1 = false;
     };
 
     // The flags lie in what the list leaves free behind itself: lines are many.
