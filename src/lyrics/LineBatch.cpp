@@ -23,16 +23,16 @@ std::size_t sameBlockEnd(std::span<const RBSongLine> lines, std::size_t first)
 /// cut in the same places and read in the same way.
 std::size_t sameCutEnd(std::span<const RBSongLine> a, std::span<const RBSongLine> b, std::size_t first)
 {
-    const TextBlock *blockA = LineAccess::block(a[first]);
-    const TextBlock *blockB = LineAccess::block(b[first]);
-    std::size_t atA = LineAccess::begin(a[first]);
-    std::size_t atB = LineAccess::begin(b[first]);
+    const std::size_t beginA = LineAccess::begin(a[first]);
+    const std::size_t beginB = LineAccess::begin(b[first]);
     std::size_t last = first;
-    while (blockA && blockB && last < a.size() && LineAccess::isUntouchedAt(a[last], blockA, atA)
-        && LineAccess::isUntouchedAt(b[last], blockB, atB) && LineAccess::isReadAlike(a[last], b[last])) {
-        const std::size_t length = LineAccess::spelling(a[last]).size();
-        atA += length;
-        atB += length;
+    std::size_t length = 0;
+    while (last < a.size() && LineAccess::isUntouched(a[last]) && LineAccess::isUntouched(b[last])
+        && LineAccess::block(a[last]) == LineAccess::block(a[first])
+        && LineAccess::block(b[last]) == LineAccess::block(b[first])
+        && LineAccess::begin(a[last]) - beginA == length && LineAccess::begin(b[last]) - beginB == length
+        && LineAccess::isReadAlike(a[last], b[last])) {
+        length += LineAccess::spelling(a[last]).size();
         ++last;
     }
     return last;
