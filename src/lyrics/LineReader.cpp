@@ -61,7 +61,7 @@ class Reader
 {
 public:
     Reader(TextBlock *block, ReadingContext context)
-        : m_block(block), m_base(block->data()), m_reading(context.reading)
+        : m_base(block->data()), m_reading(context.reading)
           // No line is without a byte of its own.
           ,
           m_references(block, block->size() + 1), m_lyricSeen(context.lyricSeen)
@@ -85,7 +85,6 @@ private:
     RBSongLine &add(
         const char *begin, const char *end, const char *textBegin, const char *textEnd, Kind kind);
 
-    TextBlock *m_block;
     const char *m_base;
     ColonReading m_reading;
     ReferenceStock m_references;
