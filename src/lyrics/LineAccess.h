@@ -50,11 +50,11 @@ struct LineAccess
     static void setJoins(RBSongLine &line, bool toPrevious, bool toNext)
     {
         line.m_flags.joinsPrevious = toPrevious;
-        line.m_flags.joinsNext = toNext;
+        line.m_flags.set(RBSongLine::JoinsNext, toNext);
     }
     static void setHasColonForm(RBSongLine &line, ColonReading reading)
     {
-        line.m_flags.hasColonForm = true;
+        line.m_flags.set(RBSongLine::ColonForm, true);
         line.m_flags.colonMeansHours = reading == ColonReading::Hours;
     }
 
@@ -84,10 +84,10 @@ struct LineAccess
     {
         return !line.isTagLine() && line.m_flags.readAs != Kind::OtherTag;
     }
-    static bool joinsNext(const RBSongLine &line) { return line.m_flags.joinsNext; }
+    static bool joinsNext(const RBSongLine &line) { return line.m_flags.has(RBSongLine::JoinsNext); }
     static bool joinsPrevious(const RBSongLine &line) { return line.m_flags.joinsPrevious; }
     static bool isNew(const RBSongLine &line) { return line.m_flags.isNew; }
-    static bool hasColonForm(const RBSongLine &line) { return line.m_flags.hasColonForm; }
+    static bool hasColonForm(const RBSongLine &line) { return line.m_flags.has(RBSongLine::ColonForm); }
     /// \param tagsEnd  where in the block the time tags end, the last bytes before the text and its blanks
     static void setPlainTags(RBSongLine &line, std::size_t tagsEnd)
     {
@@ -99,9 +99,8 @@ struct LineAccess
     /// most edited lines are.
     static bool isPlainEdit(const RBSongLine &line)
     {
-        const auto &flags = line.m_flags;
-        return line.m_times.m_touched && line.m_times.size() > 0 && flags.hasPlainTags && !flags.joinsNext
-            && !line.isTagLine() && !lineEndOf(spelling(line)).empty();
+        return line.m_times.m_touched && line.m_times.size() > 0 && line.m_flags.hasPlainTags
+            && !joinsNext(line) && !line.isTagLine() && !lineEndOf(spelling(line)).empty();
     }
     /// Of the spelling, what follows plain tags, with the line end.
     static std::string_view behindPlainTags(const RBSongLine &line)
@@ -141,7 +140,7 @@ struct LineAccess
     /// True when the line certainly still says what its spelling says.
     static bool isUntouched(const RBSongLine &line)
     {
-        return !line.m_times.m_touched && !line.m_flags.isRetagged && line.m_block;
+        return !line.m_times.m_touched && !line.m_flags.has(RBSongLine::Retagged) && line.m_block;
     }
     /// Behind the last line of the run from `first` whose bytes, which lie in one piece, say what the lines
     /// say among whatever other lines: they are untouched, have no time `a:b:c`, and nothing follows them on
@@ -149,11 +148,10 @@ struct LineAccess
     static std::size_t sureRunEnd(std::span<const RBSongLine> lines, std::size_t first)
     {
         const TextBlock *block = lines[first].m_block.get();
-        std::size_t at = lines[first].m_place.begin;
+        std::uint32_t at = lines[first].m_place.begin;
         const auto isSure = [block, &at](const RBSongLine &line) {
-            const auto &flags = line.m_flags;
-            return !line.m_times.m_touched && !(flags.isRetagged | flags.joinsNext | flags.hasColonForm)
-                && line.m_block.get() == block && line.m_place.begin == at;
+            return !line.m_times.m_touched && line.m_flags.doubts == 0 && line.m_block.get() == block
+                && line.m_place.begin == at;
         };
         std::size_t last = first;
         while (block && last < lines.size() && isSure(lines[last]))

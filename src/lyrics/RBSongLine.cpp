@@ -43,7 +43,7 @@ void RBSongLine::setPropertyStr(std::string_view key)
 void RBSongLine::noteTag()
 {
     const Kind readKey = m_flags.readAs == Kind::OtherTag ? Kind::Text : m_flags.readAs;
-    m_flags.isRetagged = m_flags.key != readKey || m_flags.isProperty != (readKey != Kind::Text);
+    m_flags.set(Retagged, m_flags.key != readKey || m_flags.isProperty != (readKey != Kind::Text));
     // A tag line has no word stamps; its text may have them once it is no tag line any more.
     if (m_flags.stamps == Stamps::None)
         m_flags.stamps = Stamps::Unknown;

@@ -123,6 +123,14 @@ private:
     void lookForStamps();
     [[nodiscard]] bool isTagLine() const { return m_flags.isProperty && m_flags.key != Kind::Text; }
 
+    /// Why the bytes of a line may not be what has to be written, although its times were not touched.
+    /// Together, so that a line without any is known at one look.
+    enum Doubt : std::uint8_t {
+        Retagged = 1, ///< key or `isProperty` are not those that were read
+        JoinsNext = 2, ///< the physical line goes on in the next line
+        ColonForm = 4 ///< one of the times is spelled `a:b:c`
+    };
+
     /// What is known of a line besides its bytes.
     struct Flags
     {
@@ -131,18 +139,21 @@ private:
         bool isProperty : 1 = false;
         /// Made here, not read: has a line end wherever it stands.
         bool isNew : 1 = true;
-        /// Key or `isProperty` are not those that were read.
-        bool isRetagged : 1 = false;
-        /// The physical line goes on in the next line, or was begun in the line before.
-        bool joinsNext : 1 = false;
+        /// Each a bit of `Doubt`.
+        std::uint8_t doubts : 3 = 0;
+        /// The physical line was begun in the line before.
         bool joinsPrevious : 1 = false;
         /// `a:b:c` means hours, minutes, seconds in the document that it was read from.
         bool colonMeansHours : 1 = false;
-        /// One of the times is spelled `a:b:c`.
-        bool hasColonForm : 1 = false;
         Stamps stamps : 2 = Stamps::Unknown;
         /// The time tags are spelled, and stand, as they would be written anew: `[mm:ss.xx]`, side by side.
         bool hasPlainTags : 1 = false;
+
+        [[nodiscard]] bool has(Doubt doubt) const { return (doubts & doubt) != 0; }
+        void set(Doubt doubt, bool isThere)
+        {
+            doubts = static_cast<std::uint8_t>(isThere ? doubts | doubt : doubts & ~doubt) & 7U;
+        }
     };
 
     /// How a line was spelled: a slice of its block with the line's own line end, and within the block where
