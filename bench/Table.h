@@ -23,4 +23,12 @@ inline void row(
     std::fflush(stdout);
 }
 
+/// A row that is there to be compared with others, and has no target.
+inline void figure(const char *what, std::size_t lines, double ours, const char *yardstick, double theirs)
+{
+    std::printf(
+        "%-44s %9zu %13.0f  %-26s %13.0f %7.2f\n", what, lines, ours, yardstick, theirs, ours / theirs);
+    std::fflush(stdout);
+}
+
 } // namespace table

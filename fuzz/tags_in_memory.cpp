@@ -6,6 +6,7 @@
 #include "media/tags/ByteSource.h"
 #include "media/tags/Container.h"
 #include "media/tags/Format.h"
+#include "media/tags/LyricEdits.h"
 #include "media/tags/PatchedSource.h"
 #include "media/tags/TagLibReader.h"
 #include "media/tags/Verify.h"
@@ -38,9 +39,11 @@ struct Attempt
 };
 
 Attempt attempt(const tags::ByteSource &source, const tags::Container &container, tags::Format format,
-    const std::vector<tags::FieldEdit> &edits)
+    std::vector<tags::FieldEdit> edits)
 {
     Attempt out;
+    for (tags::FieldEdit &edit : edits)
+        edit.text = tags::heldText(container.lyricFields(), edit.place, edit.text);
     const auto edit = container.withLyrics(edits);
     if (!edit.ok())
         return out;

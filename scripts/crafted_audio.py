@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Makes audio files that were thought up to hurt whoever reads them.
 
-    crafted_audio.py --list          names them, one a line
+    crafted_audio.py --list          names them, one a line, each with what is to become of it: saved (it is read, and can
+                                     be given a lyric), read (and nothing else), refused
     crafted_audio.py DIR [NAME…]     writes them (or all) into DIR, each as DIR/NAME
 
 Each is small as a description and large, deep or contradictory as a file: a reader has to answer within bounds of
@@ -17,13 +18,15 @@ import zlib
 
 MB = 1 << 20
 FILES = {}
+OUTCOMES = {}
 
 
-def crafted(name):
+def crafted(name, outcome):
     """Registers a function that yields the file's bytes piece by piece."""
 
     def register(make):
         FILES[name] = make
+        OUTCOMES[name] = outcome
         return make
 
     return register
@@ -70,7 +73,7 @@ def uslt(text, language=b"eng"):
     return id3_frame(b"USLT", b"\0" + language + b"\0" + text)
 
 
-@crafted("cover-of-30-mb.mp3")
+@crafted("cover-of-30-mb.mp3", "saved")
 def _():
     head = b"\0image/png\0\3\0"
     size = 30 * MB
@@ -80,7 +83,7 @@ def _():
     yield SOUND
 
 
-@crafted("cover-of-55-mb.mp3")
+@crafted("cover-of-55-mb.mp3", "refused")
 def _():
     head = b"\0image/png\0\3\0"
     size = 55 * MB
@@ -90,7 +93,7 @@ def _():
     yield SOUND
 
 
-@crafted("lyric-of-25-mb.mp3")
+@crafted("lyric-of-25-mb.mp3", "refused")
 def _():
     size = 25 * MB
     yield id3_header(10 + 5 + size)
@@ -99,14 +102,34 @@ def _():
     yield SOUND
 
 
-@crafted("lyric-60-times.mp3")
+@crafted("lyric-and-cover-of-6-and-25-mb.mp3", "saved")
+def _():
+    words, cover = 6 * MB - 64, 25 * MB
+    yield id3_header(10 + 5 + words + 10 + 14 + cover)
+    yield b"USLT" + be32(5 + words) + b"\0\0" + b"\0eng\0"
+    line = b"[00:01.00]some words of a long line that is sung over and over\n"
+    yield (line * (words // len(line) + 1))[:words]
+    yield b"APIC" + be32(14 + cover) + b"\0\0" + b"\0image/png\0\3\0" + b"\0"
+    yield from repeated(b"\x89PNG", cover)
+    yield SOUND
+
+
+@crafted("lyrics-990-times.flac", "saved")
+def _():
+    entries = [b"LYRICS=" + b"[00:01.00]some words\n" * 300] + [b"LYRICS=[00:01.00]a%d" % i + b"x" * 6000 for i in range(990)]
+    yield b"fLaC" + flac_block(0, STREAM_INFO)
+    yield flac_block(4, comment(entries), True)
+    yield b"\xff\xf8" + bytes(1000)
+
+
+@crafted("lyric-60-times.mp3", "refused")
 def _():
     text = b"[00:01.00]word\n" * 30000
     yield id3([uslt(text, bytes((97 + i // 26, 97 + i % 26, 97))) for i in range(60)])
     yield from repeated(MPEG_FRAME, 90 * MB)
 
 
-@crafted("utf16-lyric-of-20-mb.mp3")
+@crafted("utf16-lyric-of-20-mb.mp3", "refused")
 def _():
     size = 20 * MB
     yield id3_header(10 + 10 + size)
@@ -115,7 +138,7 @@ def _():
     yield SOUND
 
 
-@crafted("unsynchronised-tag-of-30-mb.mp3")
+@crafted("unsynchronised-tag-of-30-mb.mp3", "saved")
 def _():
     size = 30 * MB
     yield b"ID3\3\0\x80" + sync_safe(10 + size)
@@ -124,32 +147,32 @@ def _():
     yield SOUND
 
 
-@crafted("deflated-bomb.mp3")
+@crafted("deflated-bomb.mp3", "refused")
 def _():
     bomb = zlib.compress(bytes(256 * MB), 9)
     yield id3([id3_frame(b"TXXX", be32(256 * MB) + bomb, flags=b"\0\x80")])
     yield SOUND
 
 
-@crafted("100000-frames.mp3")
+@crafted("100000-frames.mp3", "saved")
 def _():
     yield id3([id3_frame(b"TXXX", b"\0k%d\0v" % i) for i in range(100000)])
     yield SOUND
 
 
-@crafted("million-frames.mp3")
+@crafted("million-frames.mp3", "refused")
 def _():
     yield id3([id3_frame(b"TXXX", b"\0k\0v")] * 1000000)
     yield SOUND
 
 
-@crafted("4000-tags-in-front.mp3")
+@crafted("4000-tags-in-front.mp3", "saved")
 def _():
     yield id3([id3_frame(b"TIT2", b"\0x")]) * 4000
     yield SOUND
 
 
-@crafted("chapters-in-chapters.mp3")
+@crafted("chapters-in-chapters.mp3", "refused")
 def _():
     body = b""
     for _ in range(5000):
@@ -158,30 +181,30 @@ def _():
     yield SOUND
 
 
-@crafted("two-million-times.mp3")
+@crafted("two-million-times.mp3", "refused")
 def _():
     entries = b"".join(b"a\0" + be32(i) for i in range(2000000))
     yield id3([id3_frame(b"SYLT", b"\0eng\2\1\0" + entries)])
     yield SOUND
 
 
-@crafted("tag-longer-than-the-file.mp3")
+@crafted("tag-longer-than-the-file.mp3", "refused")
 def _():
     yield id3_header(200 * MB) + id3_frame(b"TIT2", b"\0x") + SOUND
 
 
-@crafted("ends-behind-its-tag.mp3")
+@crafted("ends-behind-its-tag.mp3", "refused")
 def _():
     yield id3([uslt(b"[00:01.00]x")])
 
 
-@crafted("no-sound-but-ff-for-100-mb.mp3")
+@crafted("no-sound-but-ff-for-100-mb.mp3", "refused")
 def _():
     yield id3([uslt(b"[00:01.00]x")])
     yield from repeated(b"\xff", 100 * MB)
 
 
-@crafted("ape-tag-of-16-mb.mp3")
+@crafted("ape-tag-of-16-mb.mp3", "saved")
 def _():
     items = (le32(1) + le32(0) + b"Key%07d\0v") * 1
     body = b"".join(items % i for i in range(600000))
@@ -230,19 +253,19 @@ def opus_front(tags):
     return ogg_page([opus_head()], 0, 2) + ogg_page([b"OpusTags" + tags], 1)
 
 
-@crafted("empty-pages-of-100-mb.opus")
+@crafted("empty-pages-of-100-mb.opus", "read")
 def _():
     yield opus_front(comment([b"LYRICS=[00:01.00]x"]))
     yield from repeated(ogg_page([], 2, granule=-1), 100 * MB)
 
 
-@crafted("pages-of-one-byte-of-60-mb.opus")
+@crafted("pages-of-one-byte-of-60-mb.opus", "read")
 def _():
     yield opus_front(comment([b"LYRICS=[00:01.00]x"]))
     yield from repeated(ogg_page([b"x"], 2), 60 * MB)
 
 
-@crafted("900000-pages.opus")
+@crafted("900000-pages.opus", "saved")
 def _():
     # The lyric takes two pages: with a shorter one every other page gets a new number.
     yield from opus_tags(b"OpusTags" + comment([b"LYRICS=" + b"[00:01.00]x\n" * 6000]))
@@ -254,17 +277,17 @@ def opus_with_picture(size):
     return opus_tags(b"OpusTags" + comment([b"LYRICS=[00:01.00]x", picture]))
 
 
-@crafted("picture-of-23-mb.opus")
+@crafted("picture-of-23-mb.opus", "saved")
 def _():
     yield from opus_with_picture(23 * MB)
 
 
-@crafted("picture-of-40-mb.opus")
+@crafted("picture-of-40-mb.opus", "refused")
 def _():
     yield from opus_with_picture(40 * MB)
 
 
-@crafted("comments-without-end.opus")
+@crafted("comments-without-end.opus", "refused")
 def _():
     yield ogg_page([opus_head()], 0, 2)
     packet = b"OpusTags" + le32(1) + b"v" + le32(0xFFFFFFFF)
@@ -284,7 +307,7 @@ def opus_tags(packet):
     yield ogg_page([b"x" * 100], len(chunks) + 1, 0, 960)
 
 
-@crafted("million-comments.opus")
+@crafted("million-comments.opus", "refused")
 def _():
     yield from opus_tags(b"OpusTags" + le32(1) + b"v" + le32(1000000) + (le32(3) + b"A=b") * 1000000)
 
@@ -298,7 +321,7 @@ def flac_block(kind, body, last=False):
     return bytes([kind | (0x80 if last else 0)]) + be32(len(body))[1:] + body
 
 
-@crafted("pictures-of-112-mb.flac")
+@crafted("pictures-of-112-mb.flac", "saved")
 def _():
     yield b"fLaC" + flac_block(0, STREAM_INFO)
     yield flac_block(4, comment([b"LYRICS=[00:01.00]x"]))
@@ -310,7 +333,7 @@ def _():
     yield b"\xff\xf8" + bytes(1000)
 
 
-@crafted("99000-blocks.flac")
+@crafted("99000-blocks.flac", "saved")
 def _():
     yield b"fLaC" + flac_block(0, STREAM_INFO)
     yield flac_block(4, comment([b"LYRICS=[00:01.00]x"]))
@@ -318,20 +341,20 @@ def _():
     yield b"\xff\xf8" + bytes(1000)
 
 
-@crafted("comments-of-16-mb.flac")
+@crafted("comments-of-16-mb.flac", "saved")
 def _():
     yield b"fLaC" + flac_block(0, STREAM_INFO)
     yield flac_block(4, comment([b"A%05d=" % i + b"x" * 150 for i in range(95000)]), True)
     yield b"\xff\xf8" + bytes(1000)
 
 
-@crafted("million-blocks.flac")
+@crafted("million-blocks.flac", "refused")
 def _():
     yield b"fLaC" + flac_block(0, STREAM_INFO)
     yield flac_block(1, b"") * 1000000
 
 
-@crafted("comment-counts-to-2-32.flac")
+@crafted("comment-counts-to-2-32.flac", "refused")
 def _():
     yield b"fLaC" + flac_block(0, STREAM_INFO)
     yield flac_block(4, le32(1) + b"v" + le32(0xFFFFFFFF) + le32(3) + b"A=b", True)
@@ -353,7 +376,7 @@ def moov_with_table(table):
     return atom(b"moov", atom(b"trak", atom(b"mdia", atom(b"minf", atom(b"stbl", table)))))
 
 
-@crafted("chunk-table-of-100-mb.m4a")
+@crafted("chunk-table-of-100-mb.m4a", "refused")
 def _():
     count = 25 * MB
     sizes = count * 4 + 16
@@ -366,7 +389,7 @@ def _():
     yield atom(b"mdat", bytes(1000))
 
 
-@crafted("chunk-table-of-7-mb.m4a")
+@crafted("chunk-table-of-7-mb.m4a", "saved")
 def _():
     count = 1800000
     yield FILE_TYPE
@@ -374,20 +397,32 @@ def _():
     yield atom(b"mdat", bytes(MB))
 
 
-@crafted("nested-100000-deep.m4a")
+@crafted("chunks-at-both-ends.m4a", "saved")
+def _():
+    # Each chunk at the other end of the sound.
+    count, sound = 1900000, 20 * MB
+    start = 16 + 8 * 6 + 8 + count * 4 + 8
+    offsets = be32(start) + be32(start + sound - 100)
+    yield FILE_TYPE
+    yield moov_with_table(atom(b"stco", bytes(4), be32(count), offsets * (count // 2)))
+    yield be32(sound + 8) + b"mdat"
+    yield from repeated(b"abcd", sound)
+
+
+@crafted("nested-100000-deep.m4a", "refused")
 def _():
     depth = 100000
     yield FILE_TYPE
     yield b"".join(be32((depth - i) * 8) + b"moov" for i in range(depth))
 
 
-@crafted("300000-atoms.m4a")
+@crafted("300000-atoms.m4a", "refused")
 def _():
     yield FILE_TYPE
     yield atom(b"moov", atom(b"free") * 300000)
 
 
-@crafted("140000-lyrics.m4a")
+@crafted("140000-lyrics.m4a", "refused")
 def _():
     lyric = atom(b"\xa9lyr", atom(b"data", be32(1), bytes(4), b"[00:01.00]x"))
     meta = bytes(4) + atom(b"hdlr", bytes(8), b"mdirappl", bytes(9))
@@ -396,7 +431,7 @@ def _():
     yield atom(b"mdat", bytes(1000))
 
 
-@crafted("cover-of-30-mb.m4a")
+@crafted("cover-of-30-mb.m4a", "saved")
 def _():
     size = 30 * MB
     handler = bytes(4) + atom(b"hdlr", bytes(8), b"mdirappl", bytes(9))
@@ -413,7 +448,7 @@ def _():
     yield atom(b"mdat", bytes(1000))
 
 
-@crafted("atom-larger-than-the-file.m4a")
+@crafted("atom-larger-than-the-file.m4a", "refused")
 def _():
     yield FILE_TYPE + be32(1) + b"moov" + struct.pack(">Q", (1 << 64) - 1)
 
@@ -432,17 +467,17 @@ def wav(body):
     return b"RIFF" + le32(len(body) + 4) + b"WAVE" + body
 
 
-@crafted("200000-chunks.wav")
+@crafted("200000-chunks.wav", "refused")
 def _():
     yield wav(WAV_FORMAT + chunk(b"data", bytes(4000)) + chunk(b"junk", b"") * 200000)
 
 
-@crafted("9000-chunks.wav")
+@crafted("9000-chunks.wav", "saved")
 def _():
     yield wav(WAV_FORMAT + chunk(b"data", bytes(4000)) + chunk(b"junk", bytes(10)) * 9000)
 
 
-@crafted("list-of-50-mb.wav")
+@crafted("list-of-50-mb.wav", "refused")
 def _():
     size = 50 * MB
     body = WAV_FORMAT + chunk(b"data", bytes(4000))
@@ -450,7 +485,7 @@ def _():
     yield from repeated(b"INFOINAM\4\0\0\0abcd"[:16], size)
 
 
-@crafted("tag-chunk-of-50-mb.aiff")
+@crafted("tag-chunk-of-50-mb.aiff", "refused")
 def _():
     size = 50 * MB
     common = chunk(b"COMM", struct.pack(">hIh", 2, 1000, 16) + b"\x40\x0e\xac\x44" + bytes(6), ">")
@@ -463,7 +498,7 @@ def _():
 # APE tags, ASF
 
 
-@crafted("ape-tag-whose-size-lies.wv")
+@crafted("ape-tag-whose-size-lies.wv", "refused")
 def _():
     frame = b"APETAGEX" + le32(2000) + le32(0xFFFFFFF0) + le32(0xFFFFFFFF)
     yield b"wvpk" + le32(24) + bytes(24) + bytes(4000) + frame + le32(0) + bytes(8)
@@ -478,7 +513,7 @@ def asf_object(guid, body):
     return guid + struct.pack("<Q", len(body) + 24) + body
 
 
-@crafted("65535-attributes.wma")
+@crafted("65535-attributes.wma", "refused")
 def _():
     name = "WM/Lyrics\0".encode("utf-16-le")
     value = "[00:01.00]x\0".encode("utf-16-le")
@@ -488,7 +523,7 @@ def _():
     yield asf_object(ASF_HEADER, body) + asf_object(ASF_DATA, bytes(1000))
 
 
-@crafted("header-of-300-mb.wma")
+@crafted("header-of-300-mb.wma", "refused")
 def _():
     size = 300 * MB
     yield ASF_HEADER + struct.pack("<Q", size + 30) + le32(1) + b"\1\2"
@@ -499,12 +534,12 @@ def _():
 # What is none of what it says
 
 
-@crafted("zeros-of-200-mb.mp3")
+@crafted("zeros-of-200-mb.mp3", "refused")
 def _():
     yield from repeated(b"\0", 200 * MB)
 
 
-@crafted("text.flac")
+@crafted("text.flac", "refused")
 def _():
     yield b"[00:01.00]This is no sound at all.\n" * 1000
 
@@ -512,7 +547,7 @@ def _():
 def main():
     arguments = sys.argv[1:]
     if arguments == ["--list"]:
-        print("\n".join(sorted(FILES)))
+        print("\n".join(f"{name} {OUTCOMES[name]}" for name in sorted(FILES)))
         return 0
     if not arguments or arguments[0].startswith("-"):
         print(__doc__, file=sys.stderr)

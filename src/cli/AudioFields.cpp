@@ -62,6 +62,7 @@ std::optional<AudioFields> readAudioFields(Report &report)
         return std::nullopt;
     }
     tags::FieldSet fields(audio.value().lyricFields, audio.value().newFieldNames);
+    audio.value().cover = std::string(); // may be large, and nobody here looks at it
     return AudioFields{std::move(audio.value()), std::move(fields)};
 }
 

@@ -6,6 +6,7 @@
 #include <QtCore/QPointer>
 #include <QtWidgets/QMainWindow>
 #include <QtWidgets/QProgressDialog>
+#include <QtWidgets/QStatusBar>
 
 #include <utility>
 
@@ -80,6 +81,7 @@ void DeskSaving::end(const media::TaggedAudioFile::SaveResult &result)
 
 void DeskSaving::showSaving()
 {
+    m_window.statusBar()->clearMessage();
     m_status.show(tr("Saving into %1…").arg(nameOf(*m_song)));
 }
 

@@ -256,6 +256,7 @@ bool DeskWindow::save()
 void DeskWindow::showSaved(const QString &name, const media::TaggedAudioFile::SaveResult &result)
 {
     updateModified();
+    statusBar()->clearMessage(); // of a save before
     if (!result.ok && !result.cancelled) {
         tell(tr("The lyric was not saved into %1").arg(name), result.message);
     } else {

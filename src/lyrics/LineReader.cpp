@@ -5,6 +5,7 @@
 #include "lyrics/IdTag.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <stdexcept>
 #include <utility>
@@ -14,29 +15,6 @@ namespace {
 
 using Kind = LineAccess::Kind;
 
-/// References to one block, taken at once and handed to the lines one by one; what is left over goes back.
-class ReferenceStock
-{
-public:
-    ReferenceStock(TextBlock *block, std::size_t count) : m_block(block), m_left(count)
-    {
-        m_block->retain(count);
-    }
-    ReferenceStock(const ReferenceStock &) = delete;
-    ReferenceStock &operator=(const ReferenceStock &) = delete;
-    ~ReferenceStock() { m_block->release(m_left); }
-
-    [[nodiscard]] TextBlock *takeOne()
-    {
-        --m_left;
-        return m_block;
-    }
-
-private:
-    TextBlock *m_block;
-    std::size_t m_left;
-};
-
 /// What is known of the time tags `a:b:c` of a document.
 struct ColonForms
 {
@@ -45,11 +23,45 @@ struct ColonForms
     bool canBeHours = true;
 };
 
+/// The times of the line that is being read. Only of a line that has very many of them they are ever on the
+/// heap.
+class ReadTimes
+{
+public:
+    void clear()
+    {
+        m_count = 0;
+        m_many.clear();
+    }
+    void add(std::int64_t millis)
+    {
+        if (m_count < m_few.size())
+            m_few[m_count++] = millis;
+        else
+            addToMany(millis);
+    }
+    [[nodiscard]] std::size_t count() const { return m_many.empty() ? m_count : m_many.size(); }
+    /// Valid until another is added. As many can be read as there is room for at first.
+    [[nodiscard]] const std::int64_t *data() const { return m_many.empty() ? m_few.data() : m_many.data(); }
+
+private:
+    void addToMany(std::int64_t millis)
+    {
+        if (m_many.empty())
+            m_many.assign(m_few.begin(), m_few.end());
+        m_many.push_back(millis);
+    }
+
+    std::array<std::int64_t, 16> m_few = {};
+    std::size_t m_count = 0;
+    std::vector<std::int64_t> m_many;
+};
+
 class Reader
 {
 public:
     Reader(TextBlock *block, ReadingContext context)
-        : m_block(block), m_base(block->data()), m_reading(context.reading)
+        : m_base(block->data()), m_reading(context.reading)
           // No line is without a byte of its own.
           ,
           m_references(block, block->size() + 1), m_lyricSeen(context.lyricSeen)
@@ -69,19 +81,16 @@ private:
     bool readTimedLine(const char *begin, const char *p, const char *textEnd, const char *end);
     const char *readTagLine(const char *begin, const char *p, const char *textEnd, const char *end);
     void readTextLine(const char *begin, const char *p, const char *textEnd, const char *end);
-    void addTime(RBSongLine &line, std::int64_t millis);
     bool isAccepted(const IdTag &tag, const char *rest, const char *textEnd) const;
     RBSongLine &add(
         const char *begin, const char *end, const char *textBegin, const char *textEnd, Kind kind);
 
-    TextBlock *m_block;
     const char *m_base;
     ColonReading m_reading;
     ReferenceStock m_references;
     ReadSong m_song;
     ColonForms m_colonForms;
-    /// The times of the line that is being read, once they are more than it has room for.
-    std::vector<std::int64_t> m_manyTimes;
+    ReadTimes m_times;
     bool m_lyricSeen;
     /// The line that is read next shares its physical line with the one before.
     bool m_isJoined = false;
@@ -125,40 +134,31 @@ bool Reader::readTimedLine(const char *begin, const char *p, const char *textEnd
     TimeTag tag;
     if (!readTimeTag(p, textEnd, m_reading, tag))
         return false;
-    RBSongLine &line = add(begin, end, p, p, Kind::Text);
+    m_times.clear();
+    bool arePlain = true;
+    bool hasColonForm = false;
+    const char *tagsEnd = nullptr;
     do {
-        addTime(line, tag.millis);
+        m_times.add(tag.millis);
+        arePlain = arePlain && tag.isPlain;
         if (tag.colonForm) {
-            LineAccess::setHasColonForm(line, m_reading);
-            m_colonForms.hasAny = true;
+            hasColonForm = true;
             m_colonForms.canBeHours = m_colonForms.canBeHours && tag.canBeHours;
         }
-        p = skipBlanks(tag.end, textEnd);
+        tagsEnd = tag.end;
+        p = skipBlanks(tagsEnd, textEnd);
     } while (p < textEnd && *p == '[' && readTimeTag(p, textEnd, m_reading, tag));
-    if (!m_manyTimes.empty()) {
-        LineAccess::setReadTimes(line, m_block->store(m_manyTimes), m_manyTimes.size());
-        m_manyTimes.clear();
-    }
-    const char *last = skipBlanksBack(p, textEnd);
+    RBSongLine &line = add(begin, end, p, skipBlanksBack(p, textEnd), Kind::Text);
+    LineAccess::setReadTimes(line, m_times.data(), m_times.count());
     LineAccess::setJoins(line, m_isJoined, false);
-    LineAccess::setText(line, static_cast<std::size_t>(p - m_base), static_cast<std::size_t>(last - m_base));
+    if (arePlain)
+        LineAccess::setPlainTags(line, static_cast<std::size_t>(tagsEnd - m_base));
+    if (hasColonForm) {
+        LineAccess::setHasColonForm(line, m_reading);
+        m_colonForms.hasAny = true;
+    }
     m_lyricSeen = true;
     return true;
-}
-
-/// A line of many times keeps them with the block, so that it needs no memory of its own.
-void Reader::addTime(RBSongLine &line, std::int64_t millis)
-{
-    const TimeList &times = std::as_const(line).aryTimes();
-    if (m_manyTimes.empty() && times.size() < TimeList::kInPlace) {
-        LineAccess::addReadTime(line, millis);
-        return;
-    }
-    if (m_manyTimes.empty()) {
-        for (const std::int64_t earlier : times)
-            m_manyTimes.push_back(earlier);
-    }
-    m_manyTimes.push_back(millis);
 }
 
 /// One ID tag. Answers where the next line of the same physical line begins, `end` when there is none, and

@@ -98,7 +98,7 @@ void RBSongLine::shiftStamps(std::int64_t millis, Direction direction)
     std::string_view origin = text();
     if (m_flags.stamps == Stamps::Shifted) {
         std::memcpy(&before, m_block.text().data(), sizeof before);
-        origin = m_block.text().substr(m_begin + m_length);
+        origin = m_block.text().substr(m_place.begin + m_place.length);
     }
     // That of the least number is cut in any case.
     const std::int64_t amount = direction == Direction::Forth ? millis : -std::max(millis, -kLargest);

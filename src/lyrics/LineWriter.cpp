@@ -6,6 +6,7 @@
 #include "lyrics/LineEnds.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 
 namespace lyrics {
@@ -39,6 +40,21 @@ void LineWriter::write(const RBSongLine &line)
         writeTagLine(line);
     else
         writeLyricLine(line);
+}
+
+std::size_t LineWriter::writePlainEdits(std::span<const RBSongLine> lines)
+{
+    std::size_t count = 0;
+    for (; count < lines.size() && LineAccess::isPlainEdit(lines[count]); ++count) {
+        const TimeList &times = lines[count].aryTimes();
+        const std::string_view rest = LineAccess::behindPlainTags(lines[count]);
+        char *out = m_sink.room(times.size() * kLongestTag + rest.size());
+        for (const std::int64_t millis : times)
+            out = writeTag(out, millis);
+        std::memcpy(out, rest.data(), rest.size());
+        m_sink.commit(out + rest.size());
+    }
+    return count;
 }
 
 void LineWriter::writeTagLine(const RBSongLine &line)
@@ -200,20 +216,16 @@ void LineWriter::respell(const ReadTag &read, std::int64_t millis)
         + std::clamp<std::int64_t>(length, -millis, std::numeric_limits<std::int64_t>::max() - millis);
     char *out = m_sink.room(2 * kLongestTime + 3);
     *out++ = '[';
-    out = writeTime(out, millis, Fraction::Exact);
+    out = writeExactTime(out, millis);
     *out++ = '-';
-    out = writeTime(out, last, Fraction::Exact);
+    out = writeExactTime(out, last);
     *out++ = ']';
     m_sink.commit(out);
 }
 
 void LineWriter::writeNew(std::int64_t millis)
 {
-    char *out = m_sink.room(kLongestTime + 2);
-    *out++ = '[';
-    out = writeTime(out, millis, Fraction::Exact);
-    *out++ = ']';
-    m_sink.commit(out);
+    m_sink.commit(writeTag(m_sink.room(kLongestTag), millis));
 }
 
 } // namespace lyrics

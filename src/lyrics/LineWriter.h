@@ -33,6 +33,9 @@ public:
 
     /// Writes `line` without its line end. Cost: linear in its spelling and its times.
     void write(const RBSongLine &line);
+    /// Writes those of `lines`, from the first on, that are written as their times and the rest of their
+    /// spelling, each with its line end. Answers how many. Cost: linear in what is written.
+    [[nodiscard]] std::size_t writePlainEdits(std::span<const RBSongLine> lines);
     /// Those of the form `a:b:c` that did stay, in all lines so far.
     [[nodiscard]] ColonReadings keptColonForms() const { return m_kept; }
 

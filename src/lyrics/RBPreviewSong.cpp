@@ -5,9 +5,11 @@
 #include "lyrics/LineReader.h"
 #include "lyrics/PreviewOrder.h"
 #include "lyrics/SongWriter.h"
+#include "lyrics/StartSearch.h"
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 
 namespace {
@@ -106,11 +108,7 @@ std::optional<std::size_t> RBPreviewSong::currentLineIndex(double seconds) const
 {
     // The earliest starts only rise from line to line, and the last one that is not after the position
     // belongs to the line that is looked for: behind it all lines start later.
-    const auto after = std::partition_point(m_earliestFrom.begin(), m_earliestFrom.end(),
-        [seconds](double earliest) { return earliest <= seconds; });
-    if (after == m_earliestFrom.begin())
-        return std::nullopt;
-    return static_cast<std::size_t>(after - m_earliestFrom.begin()) - 1;
+    return lyrics::lastNotAfter(std::span<const double>(m_earliestFrom), seconds);
 }
 
 std::shared_ptr<const lyrics::PreviewText> RBPreviewSong::beginningOf(std::string_view text, bool hasTag)

@@ -22,8 +22,9 @@ RBSongLine &RBSongLine::operator=(RBSongLine &&other) noexcept
     if (this == &other)
         return *this;
     m_times.replaceWith(std::move(other.m_times));
+    m_flags = other.m_flags;
+    m_place = other.m_place;
     m_block = std::move(other.m_block);
-    copyReading(other);
     other.forget();
     return *this;
 }
@@ -42,7 +43,7 @@ void RBSongLine::setPropertyStr(std::string_view key)
 void RBSongLine::noteTag()
 {
     const Kind readKey = m_flags.readAs == Kind::OtherTag ? Kind::Text : m_flags.readAs;
-    m_flags.isRetagged = m_flags.key != readKey || m_flags.isProperty != (readKey != Kind::Text);
+    m_flags.set(Retagged, m_flags.key != readKey || m_flags.isProperty != (readKey != Kind::Text));
     // A tag line has no word stamps; its text may have them once it is no tag line any more.
     if (m_flags.stamps == Stamps::None)
         m_flags.stamps = Stamps::Unknown;
@@ -74,9 +75,9 @@ void RBSongLine::replaceText(std::string_view newText)
 /// text.
 void RBSongLine::setBlock(std::string_view newText, std::string_view head, std::string_view tail)
 {
-    const std::string_view before = m_block.text().substr(m_begin, m_textBegin - m_begin);
-    const std::string_view after
-        = m_block.text().substr(m_textBegin + m_textLength, m_begin + m_length - m_textBegin - m_textLength);
+    const std::string_view before = m_block.text().substr(m_place.begin, m_place.textBegin - m_place.begin);
+    const std::string_view after = m_block.text().substr(m_place.textBegin + m_place.textLength,
+        m_place.begin + m_place.length - m_place.textBegin - m_place.textLength);
     const std::size_t length = before.size() + newText.size() + after.size();
     lyrics::BlockRef block(lyrics::TextBlock::create(head.size() + length + tail.size()));
     char *out = block.get()->writableData();
@@ -84,11 +85,11 @@ void RBSongLine::setBlock(std::string_view newText, std::string_view head, std::
         out = std::copy(part.begin(), part.end(), out);
     // They may lie with the block that is let go.
     m_times.own();
-    m_begin = static_cast<std::uint32_t>(head.size());
-    m_length = static_cast<std::uint32_t>(length);
-    m_textBegin = static_cast<std::uint32_t>(head.size() + before.size());
-    m_textLength = static_cast<std::uint32_t>(newText.size());
-    m_block = m_length > 0 ? std::move(block) : lyrics::BlockRef();
+    m_place.begin = static_cast<std::uint32_t>(head.size());
+    m_place.length = static_cast<std::uint32_t>(length);
+    m_place.textBegin = static_cast<std::uint32_t>(head.size() + before.size());
+    m_place.textLength = static_cast<std::uint32_t>(newText.size());
+    m_block = m_place.length > 0 ? std::move(block) : lyrics::BlockRef();
 }
 
 void RBSongLine::updateWithTimeStr_atIndex(std::string_view newText, std::ptrdiff_t index)

@@ -23,15 +23,11 @@ class RBSongLine
 public:
     /// A line with no times, no text and no tag; it has a line end wherever it stands.
     RBSongLine() = default;
-    RBSongLine(const RBSongLine &other) : m_block(other.m_block)
-    {
-        m_times.copyFrom(other.m_times);
-        copyReading(other);
-    }
-    RBSongLine(RBSongLine &&other) noexcept : m_block(std::move(other.m_block))
+    RBSongLine(const RBSongLine &other) : RBSongLine(other, other.m_block) { }
+    RBSongLine(RBSongLine &&other) noexcept
+        : m_flags(other.m_flags), m_place(other.m_place), m_block(std::move(other.m_block))
     {
         m_times.takeFrom(other.m_times);
-        copyReading(other);
         other.forget();
     }
     RBSongLine &operator=(const RBSongLine &other);
@@ -112,29 +108,28 @@ private:
 
     [[nodiscard]] std::string_view text() const
     {
-        return m_block ? m_block.text().substr(m_textBegin, m_textLength) : std::string_view();
+        return m_block ? m_block.text().substr(m_place.textBegin, m_place.textLength) : std::string_view();
     }
     void noteTag();
     /// What is left of a line that was moved from is an empty line.
     void forget()
     {
         m_flags = Flags();
-        m_begin = m_length = m_textBegin = m_textLength = 0;
-    }
-    /// Takes over all but the times and the block.
-    void copyReading(const RBSongLine &other)
-    {
-        m_flags = other.m_flags;
-        m_begin = other.m_begin;
-        m_length = other.m_length;
-        m_textBegin = other.m_textBegin;
-        m_textLength = other.m_textLength;
+        m_place = Place();
     }
     void replaceText(std::string_view text);
     void setBlock(std::string_view text, std::string_view head, std::string_view tail);
     void shiftStamps(std::int64_t millis, Direction direction);
     void lookForStamps();
     [[nodiscard]] bool isTagLine() const { return m_flags.isProperty && m_flags.key != Kind::Text; }
+
+    /// Why the bytes of a line may not be what has to be written, although its times were not touched.
+    /// Together, so that a line without any is known at one look.
+    enum Doubt : std::uint8_t {
+        Retagged = 1, ///< key or `isProperty` are not those that were read
+        JoinsNext = 2, ///< the physical line goes on in the next line
+        ColonForm = 4 ///< one of the times is spelled `a:b:c`
+    };
 
     /// What is known of a line besides its bytes.
     struct Flags
@@ -144,26 +139,43 @@ private:
         bool isProperty : 1 = false;
         /// Made here, not read: has a line end wherever it stands.
         bool isNew : 1 = true;
-        /// Key or `isProperty` are not those that were read.
-        bool isRetagged : 1 = false;
-        /// The physical line goes on in the next line, or was begun in the line before.
-        bool joinsNext : 1 = false;
+        /// Each a bit of `Doubt`.
+        std::uint8_t doubts : 3 = 0;
+        /// The physical line was begun in the line before.
         bool joinsPrevious : 1 = false;
         /// `a:b:c` means hours, minutes, seconds in the document that it was read from.
         bool colonMeansHours : 1 = false;
-        /// One of the times is spelled `a:b:c`.
-        bool hasColonForm : 1 = false;
         Stamps stamps : 2 = Stamps::Unknown;
+        /// The time tags are spelled, and stand, as they would be written anew: `[mm:ss.xx]`, side by side.
+        bool hasPlainTags : 1 = false;
+
+        [[nodiscard]] bool has(Doubt doubt) const { return (doubts & doubt) != 0; }
+        void set(Doubt doubt, bool isThere)
+        {
+            doubts = static_cast<std::uint8_t>(isThere ? doubts | doubt : doubts & ~doubt) & 7U;
+        }
     };
+
+    /// How a line was spelled: a slice of its block with the line's own line end, and within the block where
+    /// its text is.
+    struct Place
+    {
+        std::uint32_t begin = 0;
+        std::uint32_t length = 0;
+        std::uint32_t textBegin = 0;
+        std::uint32_t textLength = 0;
+    };
+
+    /// A copy with a reference to the block of `other` that was counted already.
+    RBSongLine(const RBSongLine &other, lyrics::BlockRef block)
+        : m_times(other.m_times, lyrics::TimeList::WithText()), m_flags(other.m_flags),
+          m_place(other.m_place), m_block(std::move(block))
+    { }
 
     // The flags lie in what the list leaves free behind itself: lines are many.
     [[no_unique_address]] lyrics::TimeList m_times;
     Flags m_flags;
-    // How the line was spelled: a slice of the block with the line's own line end, and within the block
-    // where its text is. No block: never spelled.
-    std::uint32_t m_begin = 0;
-    std::uint32_t m_length = 0;
-    std::uint32_t m_textBegin = 0;
-    std::uint32_t m_textLength = 0;
+    Place m_place;
+    /// No block: never spelled.
     lyrics::BlockRef m_block;
 };

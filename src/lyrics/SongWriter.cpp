@@ -39,16 +39,27 @@ void appendStarts(std::vector<std::size_t> &starts, Lines lines, std::size_t fir
     }
 }
 
+/// Whether a run of lines that are all untouched, and spelled one behind the other, is the whole source.
+bool areOfSource(Lines run, const SongFrame &frame)
+{
+    if (!frame.source)
+        return false;
+    const std::size_t begin = frame.byteOrderMark.size();
+    const std::size_t end = frame.source.text().size();
+    if (run.empty())
+        return begin == end;
+    return LineAccess::block(run.front()) == frame.source.get() && LineAccess::begin(run.front()) == begin
+        && LineAccess::end(run.back()) == end;
+}
+
 class Writer
 {
 public:
     /// \param starts  is told the first line of each physical line; null when nobody asks.
     Writer(Lines lines, const SongFrame &frame, ColonReadings allowed, std::vector<std::size_t> *starts)
-        : m_lines(lines), m_lineEnd(frame.lineEnd), m_allowed(allowed), m_starts(starts),
-          m_sink(frame.source.text().size() + lines.size() * 4 + 256), m_lineWriter(m_sink, allowed)
-    {
-        m_sink.append(frame.byteOrderMark);
-    }
+        : m_lines(lines), m_frame(frame), m_lineEnd(frame.lineEnd), m_allowed(allowed), m_starts(starts),
+          m_lineWriter(m_sink, allowed)
+    { }
 
     [[nodiscard]] BlockRef write();
     /// The time tags of the form `a:b:c` that are in what was written.
@@ -61,6 +72,7 @@ private:
     [[nodiscard]] std::size_t runEnd(std::size_t first);
     [[nodiscard]] std::size_t groupEnd(std::size_t first) const;
     void writeRun(std::size_t first, std::size_t last);
+    std::size_t writeEdited(std::size_t first);
     void noteStarts(std::size_t first, std::size_t last);
     void writeGroup(std::size_t first, std::size_t last);
     [[nodiscard]] bool saysTheSame(std::string_view text, std::size_t first, std::size_t last);
@@ -72,6 +84,7 @@ private:
     [[nodiscard]] std::string_view lineEnd();
 
     Lines m_lines;
+    const SongFrame &m_frame;
     std::string_view m_lineEnd;
     ColonReadings m_allowed;
     ColonReadings m_copied;
@@ -84,18 +97,35 @@ private:
 
 BlockRef Writer::write()
 {
-    for (std::size_t i = 0; i < m_lines.size();) {
-        const std::size_t run = runEnd(i);
-        if (run > i) {
+    std::size_t run = runEnd(0);
+    if (run == m_lines.size() && areOfSource(m_lines, m_frame)) {
+        noteStarts(0, run);
+        return m_frame.source;
+    }
+    m_sink.reserve(m_frame.source.text().size() + m_lines.size() * 4 + 512);
+    m_sink.append(m_frame.byteOrderMark);
+    for (std::size_t i = 0; i < m_lines.size(); run = runEnd(i)) {
+        if (run > i)
             writeRun(i, run);
-            i = run;
-            continue;
-        }
-        const std::size_t group = groupEnd(i);
-        writeGroup(i, group);
-        i = group;
+        else
+            run = writeEdited(i);
+        i = run;
     }
     return m_sink.take();
+}
+
+/// Writes the line at `first`, which is not as it was read, and what is written along with it. Answers the
+/// line behind that.
+std::size_t Writer::writeEdited(std::size_t first)
+{
+    const std::size_t plain = first + m_lineWriter.writePlainEdits(m_lines.subspan(first));
+    if (plain > first) {
+        noteStarts(first, plain);
+        return plain;
+    }
+    const std::size_t group = groupEnd(first);
+    writeGroup(first, group);
+    return group;
 }
 
 ColonReadings Writer::colonForms() const
@@ -144,10 +174,15 @@ bool Writer::isLyricBefore(std::size_t index)
 std::size_t Writer::runEnd(std::size_t first)
 {
     const Lines lines = m_lines;
-    std::size_t last = first;
-    while (last < lines.size() && (LineAccess::isSureCopy(lines[last]) || canBeCopied(last))
-        && (last == first || isSpelledBehind(lines[last - 1], lines[last])))
+    if (first == lines.size())
+        return first;
+    std::size_t last = LineAccess::sureRunEnd(lines, first);
+    while (last < lines.size() && canBeCopied(last)
+        && (last == first || isSpelledBehind(lines[last - 1], lines[last]))) {
         ++last;
+        if (last < lines.size() && isSpelledBehind(lines[last - 1], lines[last]))
+            last = LineAccess::sureRunEnd(lines, last);
+    }
     if (last == lines.size())
         return last;
     while (last > first && isJoined(lines[last - 1], lines[last]))
@@ -270,19 +305,6 @@ std::string_view Writer::lineEnd()
     return m_lineEnd;
 }
 
-/// True when the lines are those of the source, all of them and as they were read.
-bool isAsRead(Lines lines, const SongFrame &frame)
-{
-    std::size_t at = frame.byteOrderMark.size();
-    for (const RBSongLine &line : lines) {
-        if (LineAccess::block(line) != frame.source.get() || LineAccess::begin(line) != at
-            || !LineAccess::isUntouched(line))
-            return false;
-        at = LineAccess::end(line);
-    }
-    return at == frame.source.text().size();
-}
-
 /// The meaning of the time tag `a:b:c` that more lines have.
 ColonReading prevailingColonReading(Lines lines)
 {
@@ -305,7 +327,7 @@ struct Attempt
         Writer writer(lines, frame, allowed, starts);
         text = writer.write();
         forms = writer.colonForms();
-        if (!forms.fraction && !forms.hours)
+        if ((!forms.fraction && !forms.hours) || text.get() == frame.source.get())
             return;
         const ColonReading reading = readSong(text, frame.byteOrderMark.size()).colonReading;
         holds = !forms.has(reading == ColonReading::Hours ? ColonReading::Fraction : ColonReading::Hours);
@@ -316,8 +338,8 @@ struct Attempt
     bool holds = true;
 };
 
-/// The text of lines that are not those of the source; there is one at least.
-BlockRef writeAnew(Lines lines, const SongFrame &frame, std::vector<std::size_t> *starts)
+/// The text of the lines, of which there is one at least.
+BlockRef writeLines(Lines lines, const SongFrame &frame, std::vector<std::size_t> *starts)
 {
     Attempt attempt(lines, frame, {true, true}, starts);
     if (!attempt.holds && attempt.forms.fraction && attempt.forms.hours) {
@@ -335,20 +357,16 @@ BlockRef writeAnew(Lines lines, const SongFrame &frame, std::vector<std::size_t>
 
 BlockRef writeSong(Lines lines, const SongFrame &frame)
 {
-    if (frame.source && isAsRead(lines, frame))
-        return frame.source;
     if (lines.empty())
-        return {};
-    return writeAnew(lines, frame, nullptr);
+        return areOfSource(lines, frame) ? frame.source : BlockRef();
+    return writeLines(lines, frame, nullptr);
 }
 
 std::vector<std::size_t> physicalLineStarts(Lines lines, const SongFrame &frame)
 {
     std::vector<std::size_t> starts;
-    if (frame.source && isAsRead(lines, frame))
-        appendStarts(starts, lines, 0, lines.size());
-    else if (!lines.empty())
-        static_cast<void>(writeAnew(lines, frame, &starts));
+    if (!lines.empty())
+        static_cast<void>(writeLines(lines, frame, &starts));
     return starts;
 }
 

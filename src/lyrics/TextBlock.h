@@ -87,8 +87,6 @@ public:
     /// A block of its own that holds a copy of `text`.
     [[nodiscard]] static BlockRef copyOf(std::string_view text);
 
-    /// Takes over a reference that the caller holds; only where there is none yet.
-    void adopt(TextBlock *owned) { m_block = owned; }
     /// Gives the reference away; the caller has to release it.
     [[nodiscard]] TextBlock *take() { return std::exchange(m_block, nullptr); }
 
@@ -102,6 +100,34 @@ public:
 
 private:
     TextBlock *m_block = nullptr;
+};
+
+/// References to one block, or to none, taken at once and handed out one by one; what is left over goes back.
+class ReferenceStock
+{
+public:
+    ReferenceStock(TextBlock *block, std::size_t count) : m_block(block), m_left(count)
+    {
+        if (m_block)
+            m_block->retain(count);
+    }
+    ReferenceStock(const ReferenceStock &) = delete;
+    ReferenceStock &operator=(const ReferenceStock &) = delete;
+    ~ReferenceStock()
+    {
+        if (m_block)
+            m_block->release(m_left);
+    }
+
+    [[nodiscard]] BlockRef takeOne()
+    {
+        --m_left;
+        return BlockRef(m_block);
+    }
+
+private:
+    TextBlock *m_block;
+    std::size_t m_left;
 };
 
 } // namespace lyrics

@@ -14,11 +14,14 @@ namespace lyrics {
 class TextSink
 {
 public:
-    /// \param expected  bytes that will probably come; more grow the block, each time to the double.
-    explicit TextSink(std::size_t expected)
-        : m_block(TextBlock::create(expected)), m_next(m_block.get()->writableData()),
-          m_end(m_next + expected)
-    { }
+    /// Makes room for `expected` bytes that will probably come; more grow the block, each time to the double.
+    /// Before anything else, and once.
+    void reserve(std::size_t expected)
+    {
+        m_block = BlockRef(TextBlock::create(expected));
+        m_next = m_block.get()->writableData();
+        m_end = m_next + expected;
+    }
 
     /// Room for `size` bytes at the end. What is written there counts once `commit` is told its end.
     [[nodiscard]] char *room(std::size_t size)
@@ -65,8 +68,8 @@ private:
     }
 
     BlockRef m_block;
-    char *m_next;
-    char *m_end;
+    char *m_next = nullptr;
+    char *m_end = nullptr;
 };
 
 } // namespace lyrics

@@ -12,9 +12,8 @@ TimeList::TimeList(std::initializer_list<std::int64_t> times)
         append(millis);
 }
 
-TimeList::TimeList(const TimeList &other)
+TimeList::TimeList(const TimeList &other) : TimeList(other, WithText())
 {
-    copyFrom(other);
     own();
 }
 
@@ -59,19 +58,24 @@ void TimeList::clear()
 {
     m_touched = true;
     m_size = 0;
-    if (m_onHeap && m_storage.heap.capacity == 0)
-        m_onHeap = false;
+    if (m_place == Place::Borrowed)
+        m_place = Place::Here;
 }
 
 void TimeList::grow()
 {
+    std::int64_t *const before = m_place == Place::Own ? m_storage.heap.times : nullptr;
+    ownCopy();
+    delete[] before;
+}
+
+void TimeList::ownCopy()
+{
     const std::size_t capacity = std::max<std::size_t>(std::size_t(m_size) * 2, kInPlace * 2);
     auto *times = new std::int64_t[capacity];
-    std::copy_n(data(), m_size, times);
-    if (m_onHeap)
-        dropHeap();
+    std::copy_n(std::as_const(*this).data(), m_size, times);
     m_storage.heap = {times, capacity};
-    m_onHeap = true;
+    m_place = Place::Own;
 }
 
 /// Only on a list that owns nothing.
@@ -79,7 +83,7 @@ void TimeList::takeFrom(TimeList &other) noexcept
 {
     m_storage = other.m_storage;
     m_size = std::exchange(other.m_size, 0);
-    m_onHeap = std::exchange(other.m_onHeap, false);
+    m_place = std::exchange(other.m_place, Place::Here);
     m_touched = std::exchange(other.m_touched, true);
 }
 
@@ -89,8 +93,8 @@ void TimeList::replaceWith(TimeList &&other) noexcept
         return;
     // A reference into this list may still be in somebody's hands.
     const bool wasTouched = m_touched;
-    if (m_onHeap)
-        dropHeap();
+    if (m_place == Place::Own)
+        delete[] m_storage.heap.times;
     takeFrom(other);
     m_touched = m_touched || wasTouched;
 }

@@ -46,8 +46,8 @@ public:
     TimeList &operator=(TimeList &&other) noexcept;
     ~TimeList()
     {
-        if (m_onHeap)
-            dropHeap();
+        if (m_place == Place::Own)
+            delete[] m_storage.heap.times;
     }
 
     [[nodiscard]] std::size_t size() const { return m_size; }
@@ -96,7 +96,7 @@ public:
         if (millis == 0)
             return;
         m_touched = m_touched || m_size > 0;
-        if (m_onHeap) {
+        if (m_place != Place::Here) {
             std::int64_t *times = ownData();
             for (std::size_t i = 0; i < m_size; ++i)
                 times[i] = shifted(times[i], millis);
@@ -126,11 +126,32 @@ private:
     friend class ::RBSongLine;
     friend struct LineAccess;
 
+    /// Where the times lie. A line is copied and let go without asking how many it has: only what is its own
+    /// has to be looked after.
+    enum class Place : std::uint8_t {
+        Here,
+        Borrowed, ///< with the text that the line was read from
+        Own ///< on the heap
+    };
+    /// Says of a copy that it goes along with the text of its line, so that what lies there may stay there.
+    struct WithText
+    { };
+
+    TimeList(const TimeList &other, WithText)
+        : m_storage(other.m_storage), m_size(other.m_size), m_place(other.m_place), m_touched(other.m_touched)
+    {
+        if (m_place == Place::Own)
+            ownCopy();
+    }
+
     [[nodiscard]] const std::int64_t *data() const
     {
-        return m_onHeap ? m_storage.heap.times : m_storage.inPlace;
+        return m_place == Place::Here ? m_storage.inPlace : m_storage.heap.times;
     }
-    [[nodiscard]] std::int64_t *data() { return m_onHeap ? m_storage.heap.times : m_storage.inPlace; }
+    [[nodiscard]] std::int64_t *data()
+    {
+        return m_place == Place::Here ? m_storage.inPlace : m_storage.heap.times;
+    }
     /// The times, where they may be written to.
     [[nodiscard]] std::int64_t *ownData()
     {
@@ -140,46 +161,38 @@ private:
     /// A list that lies with the text of its line gets a place of its own.
     void own()
     {
-        if (m_onHeap && m_storage.heap.capacity == 0)
-            grow();
+        if (m_place == Place::Borrowed)
+            ownCopy();
+    }
+    /// Copies all that there is room for, used or not, rather than ask how many.
+    void setInPlace(const std::int64_t *times, std::size_t count)
+    {
+        for (std::size_t i = 0; i < kInPlace; ++i)
+            m_storage.inPlace[i] = times[i];
+        m_size = static_cast<std::uint32_t>(count);
     }
     /// Times that somebody else keeps for as long as this list is not written to.
     void borrow(std::int64_t *times, std::size_t count)
     {
         m_storage.heap = {times, 0};
         m_size = static_cast<std::uint32_t>(count);
-        m_onHeap = true;
-    }
-    void dropHeap()
-    {
-        if (m_storage.heap.capacity > 0)
-            delete[] m_storage.heap.times;
+        m_place = Place::Borrowed;
     }
     void append(std::int64_t millis)
     {
-        if (m_size >= kInPlace && (!m_onHeap || m_size >= m_storage.heap.capacity))
+        if (m_size >= kInPlace && (m_place == Place::Here || m_size >= m_storage.heap.capacity))
             grow();
         data()[m_size++] = millis;
     }
+    /// Moves the times to the heap, or to more room there.
     void grow();
-    /// For whole lines, which keep the text: what lies with it may stay there. Only on a list that owns
-    /// nothing.
-    void copyFrom(const TimeList &other)
-    {
-        m_size = other.m_size;
-        m_touched = other.m_touched;
-        m_onHeap = other.m_onHeap;
-        m_storage = other.m_storage;
-        if (m_onHeap && m_storage.heap.capacity > 0) {
-            m_storage.heap.capacity = 0;
-            own();
-        }
-    }
+    /// Copies the times, which are somebody else's, to the heap.
+    void ownCopy();
     void takeFrom(TimeList &other) noexcept;
     /// For whole lines: the list as it stands in another line, with what is known about it.
     void replaceWith(TimeList &&other) noexcept;
 
-    /// A capacity of 0: the times are somebody else's.
+    /// The capacity of borrowed times is 0.
     struct Heap
     {
         std::int64_t *times;
@@ -192,7 +205,7 @@ private:
 
     Storage m_storage = {.inPlace = {0, 0}};
     std::uint32_t m_size = 0;
-    bool m_onHeap = false;
+    Place m_place = Place::Here;
     bool m_touched = false;
 };
 

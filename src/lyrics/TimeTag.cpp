@@ -223,6 +223,7 @@ bool readTime(const char *p, const char *end, ColonReading reading, TimeSpelling
 bool readUncommonTimeTag(const char *p, const char *end, ColonReading reading, TimeTag &tag)
 {
     const char *inner = skipBlanks(p + 1, end);
+    tag.isPlain = false;
     tag.rangeDash = nullptr;
     if (!readTime(inner, end, reading, tag))
         return false;

@@ -48,7 +48,10 @@ class Run:
         self.seconds = usage.ru_utime + usage.ru_stime
 
 
-def complaints(tool, path, lyric):
+OUTCOMES = {(0, 0): "saved", (0, 1): "read", (1, 1): "refused"}
+
+
+def complaints(tool, path, lyric, outcome):
     """What is wrong with how the program deals with the file at `path`, and its two calls."""
     before = digest(path)
     runs = {"fields": Run(tool, "fields", "--json", str(path))}
@@ -63,6 +66,9 @@ def complaints(tool, path, lyric):
             found.append(f"{what} refused it without a word")
         if run.memory > MEMORY:
             found.append(f"{what} took {run.memory >> 20} MB")
+    became = OUTCOMES.get((runs["fields"].status, runs["embed"].status))
+    if became != outcome:
+        found.append(f"it was {became}, and ought to be {outcome}: {runs['embed'].text[:300]}")
     if runs["embed"].status == 1 and digest(path) != before:
         found.append("embed refused it, and changed it")
     if runs["embed"].status == 0:
@@ -76,18 +82,18 @@ def complaints(tool, path, lyric):
 
 def main():
     tool, script = sys.argv[1:3]
-    names = subprocess.run([script, "--list"], check=True, capture_output=True, text=True).stdout.split()
+    listed = subprocess.run([script, "--list"], check=True, capture_output=True, text=True).stdout.splitlines()
     memory = pathlib.Path("/dev/shm")  # does not wait for a disk
     enough = memory.is_dir() and shutil.disk_usage(memory).free > 1 << 30
     failed = 0
     with tempfile.TemporaryDirectory(dir=memory if enough else None) as root:
         lyric = pathlib.Path(root) / "song.lrc"
         lyric.write_bytes(LYRIC.encode())
-        for name in names:
+        for name, outcome in map(str.split, listed):
             folder = pathlib.Path(root) / "file"
             folder.mkdir()
             subprocess.run([script, folder, name], check=True)
-            found, runs = complaints(tool, folder / name, lyric)
+            found, runs = complaints(tool, folder / name, lyric, outcome)
             shutil.rmtree(folder)
             failed += bool(found)
             for line in found:
@@ -95,8 +101,8 @@ def main():
             if "--table" in sys.argv:
                 figures = [f"{what} {run.status} {run.seconds:5.2f} s {run.memory >> 20:4} MB" for what, run in runs.items()]
                 print(f"{name:36} {' | '.join(figures)}  {runs['embed'].text.strip()[:90]}")
-    print(f"{len(names) - failed} of {len(names)} files within bounds")
-    return 1 if failed or not names else 0
+    print(f"{len(listed) - failed} of {len(listed)} files within bounds")
+    return 1 if failed or not listed else 0
 
 
 if __name__ == "__main__":

@@ -4,6 +4,26 @@
 <context>
     <name>tags</name>
     <message>
+        <source>The file could not be written, and is as it was. (%1)</source>
+        <translation>Die Datei konnte nicht geschrieben werden und ist, wie sie war. (%1)</translation>
+    </message>
+    <message>
+        <source>Another program is saving the file at this moment, so it was left alone. Try again when it is done.</source>
+        <translation>Ein anderes Programm speichert gerade die Datei, daher blieb sie, wie sie war. Versuchen Sie es noch einmal, wenn es fertig ist.</translation>
+    </message>
+    <message>
+        <source>Another lyric field of the file, %1, says something else now.</source>
+        <translation>Ein anderes Liedtextfeld der Datei, %1, sagt jetzt etwas anderes.</translation>
+    </message>
+    <message>
+        <source>The lyric stands in a new tag; title and artist stand in an older ID3 tag alone, which some players do not show now. A tag editor can copy them.</source>
+        <translation>Der Liedtext steht in einem neuen Tag; Titel und Interpret stehen nur in einem älteren ID3-Tag, das manche Abspielprogramme nun nicht zeigen. Ein Tag-Editor kann sie übertragen.</translation>
+    </message>
+    <message>
+        <source>The sizes that the file tells of its parts do not fit the file: it is damaged, or the program that wrote it never finished it, so it cannot be saved safely. Convert it with an audio program.</source>
+        <translation>Die Größen, die die Datei für ihre Teile angibt, passen nicht zur Datei: Sie ist beschädigt oder wurde von dem Programm, das sie schrieb, nie abgeschlossen und kann daher nicht sicher gespeichert werden. Konvertieren Sie sie mit einem Audioprogramm.</translation>
+    </message>
+    <message>
         <source>The file is not there. (%1)</source>
         <translation>Die Datei ist nicht da. (%1)</translation>
     </message>
@@ -96,8 +116,8 @@
         <translation>Die Datei ist beschädigt oder unvollständig; ihre Tags lassen sich nicht lesen.</translation>
     </message>
     <message>
-        <source>The lyrics of the file would have more than 16 MiB together, which is more than can be kept.</source>
-        <translation>Die Liedtexte der Datei wären zusammen größer als 16 MiB und lassen sich deshalb nicht aufbewahren.</translation>
+        <source>The lyrics of the file would have more than 6 MiB together, which is more than can be kept.</source>
+        <translation>Die Liedtexte der Datei wären zusammen größer als 6 MiB und lassen sich deshalb nicht aufbewahren.</translation>
     </message>
     <message>
         <source>The file has more than 1,000 lyrics, which no program writes: it cannot be read safely.</source>
@@ -154,10 +174,6 @@
     <message>
         <source>The file does not begin with its tag but with something else, so it cannot be edited without hiding that tag.</source>
         <translation>Die Datei beginnt nicht mit ihrem Tag, sondern mit etwas anderem; sie lässt sich nicht bearbeiten, ohne dass dieses Tag verdeckt würde.</translation>
-    </message>
-    <message>
-        <source>The lyric stands in a new ID3v2 tag; title and artist stand in the old ID3v1 tag alone, which some players do not show now. A tag editor can copy them.</source>
-        <translation>Der Liedtext steht in einem neuen ID3v2-Tag; Titel und Interpret stehen nur im alten ID3v1-Tag, das manche Abspielprogramme nun nicht zeigen. Ein Tag-Editor kann sie übertragen.</translation>
     </message>
     <message>
         <source>The file ends before its sound begins: it is damaged or incomplete.</source>
@@ -278,10 +294,6 @@
     <message>
         <source>The file has more than 10,000 parts, which cannot be read safely.</source>
         <translation>Die Datei hat mehr als 10.000 Teile und lässt sich deshalb nicht sicher lesen.</translation>
-    </message>
-    <message>
-        <source>The sizes that the file tells of its parts do not fit the file: it is damaged or incomplete, so it cannot be saved safely.</source>
-        <translation>Die Größen, die die Datei für ihre Teile angibt, passen nicht zu ihr: Sie ist beschädigt oder unvollständig und lässt sich deshalb nicht sicher speichern.</translation>
     </message>
     <message>
         <source>The file would grow beyond 4 GiB, which this kind of file cannot.</source>

@@ -264,6 +264,8 @@ std::optional<Failure> setLyrics(
         const std::string &name = edit.place.newName;
         if (!isTagText(edit.text))
             return notTagText("a WMA file");
+        if (!edit.place.field && name == kSynced && holdableText(edit.text).empty())
+            return nothingTimed();
         if (edit.place.field)
             change.change(lyrics.at(*edit.place.field).at, edit.text);
         else

@@ -112,15 +112,33 @@ std::size_t numberOf(std::string_view name)
     return error == std::errc() && end == name.data() + name.size() ? number : 0;
 }
 
-bool saysTheSame(const FieldSet::Entry &entry, std::string_view lyric)
+/// A lyric, with what others are compared with worked out once.
+class Comparison
 {
-    if (entry.field.text == lyric)
-        return true;
-    // Times in shapes that are not read here cannot be compared; the words can.
-    if (entry.hasTimes && isTimedThroughout(entry.field.text) && isTimedThroughout(lyric))
-        return holdableText(entry.field.text) == holdableText(lyric);
-    return sungWords(entry.field.text) == sungWords(lyric);
-}
+public:
+    explicit Comparison(std::string_view lyric)
+        : m_lyric(lyric), m_isTimed(isTimedThroughout(lyric)), m_held(holdableText(lyric)),
+          m_words(sungWords(lyric))
+    { }
+
+    [[nodiscard]] bool saysTheSame(const FieldSet::Entry &entry) const
+    {
+        const std::string &text = entry.field.text;
+        // A synchronised field cannot hold more.
+        if (text == m_lyric || (entry.field.synchronised && text == m_held))
+            return true;
+        // Times in shapes that are not read here cannot be compared; the words can.
+        if (entry.hasTimes && m_isTimed && isTimedThroughout(text))
+            return holdableText(text) == m_held;
+        return sungWords(text) == m_words;
+    }
+
+private:
+    std::string_view m_lyric;
+    bool m_isTimed;
+    std::string m_held;
+    std::vector<std::string> m_words;
+};
 
 } // namespace
 
@@ -164,11 +182,11 @@ FieldSet::FieldSet(std::vector<LyricField> fields, std::vector<std::string> newN
         entry.field = std::move(field);
         m_entries.push_back(std::move(entry));
     }
-    if (!counts)
+    if (!counts || m_entries.size() == 1)
         return;
-    for (Entry &entry : m_entries) {
-        entry.isStale = areOfOneKind(entry.field, m_entries[*counts].field) && !saysTheSame(entry, lyric());
-    }
+    const Comparison comparison(lyric());
+    for (Entry &entry : m_entries)
+        entry.isStale = areOfOneKind(entry.field, m_entries[*counts].field) && !comparison.saysTheSame(entry);
 }
 
 std::string_view FieldSet::lyric() const

@@ -63,7 +63,7 @@ bool hasTooManyEntries(const Id3v2Tag &tag)
         if (bytes > kMaxSyncedBody)
             return true;
         entries += compressed ? size / kSmallestEntry
-                              : syncedEntryCount(plainBody(tag, frame), kMaxSyncedEntries);
+                              : syncedEntryCount(plainBody(tag, frame).value_or(""), kMaxSyncedEntries);
     }
     return entries > kMaxSyncedEntries;
 }

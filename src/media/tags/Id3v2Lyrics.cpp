@@ -15,6 +15,8 @@ namespace tags {
 namespace {
 
 constexpr std::string_view kSynced = "SYLT";
+/// What all deflated frames together may inflate to: no more are read behind.
+constexpr std::size_t kMaxInflated = 16U << 20;
 constexpr std::string_view kUserText = "TXXX:"; ///< before the description, in a name for people
 
 /// Description, terminator, text: how the bodies of `USLT` (after its language) and `TXXX` end.
@@ -141,10 +143,8 @@ Outcome<Id3v2Frame> syncedFrame(const Id3v2Tag &tag, SyncedFrame frame, std::str
 Outcome<Id3v2Frame> newFrame(const Id3v2Tag &tag, const std::string &name, std::string_view text)
 {
     if (name == kSynced) {
-        if (holdableText(text).empty()) {
-            return Failure{Reason::NotText,
-                "The lyric has no line with a time, so it cannot be kept as a synchronised one."};
-        }
+        if (holdableText(text).empty())
+            return nothingTimed();
         SyncedFrame frame;
         frame.entries = {{0, "\n"}}; // so that lines are told apart as the standard asks for
         return syncedFrame(tag, frame, text, std::nullopt);
@@ -171,8 +171,8 @@ Outcome<Id3v2Frame> changedFrame(const Id3v2Tag &tag, const FoundLyric &lyric, s
 {
     if (!lyric.field.synchronised)
         return unsyncedFrame(tag, lyric.field, text);
-    const std::string body = plainBody(tag, tag.frames[lyric.at]);
-    return syncedFrame(tag, SyncedFrame::parse(body, frameLength).value(), text, frameLength);
+    const std::optional<std::string> body = plainBody(tag, tag.frames[lyric.at]);
+    return syncedFrame(tag, SyncedFrame::parse(body.value(), frameLength).value(), text, frameLength);
 }
 
 /// Whether `field` holds nothing any more once it is given `text`.
@@ -199,16 +199,23 @@ std::vector<FoundLyric> lyricsOf(const Id3v2Tag &tag, const std::optional<FrameL
     std::vector<FoundLyric> synchronised;
     std::vector<FoundLyric> userText;
     std::size_t syncedBytes = 0;
+    std::size_t inflatedBytes = 0;
     for (std::size_t i = 0; i < tag.frames.size(); ++i) {
         const Id3v2Frame &frame = tag.frames[i];
-        if (isOpaque(tag, frame))
+        if (!isUslt(frame) && !isSynced(frame) && !isUserText(frame))
             continue;
+        const bool deflated = isCompressed(tag, frame);
+        const std::optional<std::string> body
+            = inflatedBytes > kMaxInflated ? std::nullopt : plainBody(tag, frame);
+        if (!body)
+            continue;
+        inflatedBytes += deflated ? body->size() : 0;
         if (isUslt(frame))
-            append(unsynchronised, i, readUslt(plainBody(tag, frame)));
-        else if (isSynced(frame) && (syncedBytes += frame.raw.size()) <= kMaxSyncedBody)
-            append(synchronised, i, readSylt(plainBody(tag, frame), frameLength));
+            append(unsynchronised, i, readUslt(*body));
         else if (isUserText(frame))
-            append(userText, i, readTxxx(plainBody(tag, frame)));
+            append(userText, i, readTxxx(*body));
+        else if ((syncedBytes += body->size()) <= kMaxSyncedBody)
+            append(synchronised, i, readSylt(*body, frameLength));
     }
     std::vector<FoundLyric> lyrics = std::move(unsynchronised);
     std::move(synchronised.begin(), synchronised.end(), std::back_inserter(lyrics));

@@ -13,7 +13,7 @@
 namespace tags {
 
 /// The lyric frames of `tag` in the order of preference: `USLT` (`ULT` in 2.2), `SYLT` (`SLT`) that holds
-/// lyrics, then `TXXX` whose description is the name of a lyric. Deflated and encrypted ones are left out,
+/// lyrics, then `TXXX` whose description is the name of a lyric. Encrypted ones are left out,
 /// and so is what counts in frames of sound where `frameLength`, that of the sound behind the tag, is not
 /// known.
 [[nodiscard]] std::vector<FoundLyric> lyricsOf(

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <zlib.h>
 
 namespace tags {
 
@@ -18,6 +19,7 @@ constexpr unsigned kExtendedHeader = 0x40;
 constexpr unsigned kFooter = 0x10;
 constexpr std::uint64_t kMaxTagBytes = 32ULL << 20;
 constexpr std::size_t kNewPadding = 2048;
+constexpr std::uint64_t kMaxInflated = 16ULL << 20;
 
 /// Four bytes of seven bits each; nothing when a top bit is set.
 std::optional<std::uint64_t> syncSafe(std::string_view bytes, std::size_t at)
@@ -53,6 +55,19 @@ std::string synchronised(std::string_view bytes)
             ++i;
     }
     return out;
+}
+
+/// What `deflated` inflates to, when that has `size` bytes.
+std::optional<std::string> inflated(const std::string &deflated, std::uint64_t size)
+{
+    if (size == 0 || size > kMaxInflated)
+        return std::nullopt;
+    std::string out(std::size_t(size), '\0');
+    auto length = static_cast<uLongf>(size);
+    const auto *in = reinterpret_cast<const Bytef *>(deflated.data());
+    const int answer
+        = uncompress(reinterpret_cast<Bytef *>(out.data()), &length, in, static_cast<uLong>(deflated.size()));
+    return answer == Z_OK && length == size ? std::optional(std::move(out)) : std::nullopt;
 }
 
 bool isFrameId(std::string_view id)
@@ -214,22 +229,23 @@ bool isCompressed(const Id3v2Tag &tag, const Id3v2Frame &frame)
     return tag.version != 2 && (frame.format & (tag.version == 3 ? 0x80U : 0x08U));
 }
 
-bool isOpaque(const Id3v2Tag &tag, const Id3v2Frame &frame)
-{
-    const bool encrypted = tag.version != 2 && (frame.format & (tag.version == 3 ? 0x40U : 0x04U));
-    return encrypted || isCompressed(tag, frame);
-}
-
-std::string plainBody(const Id3v2Tag &tag, const Id3v2Frame &frame)
+std::optional<std::string> plainBody(const Id3v2Tag &tag, const Id3v2Frame &frame)
 {
     std::string_view body = frame.body();
     if (tag.version == 2)
         return std::string(body);
-    std::size_t extra = frame.format & (tag.version == 3 ? 0x20U : 0x40U) ? 1 : 0; // its group
-    if (tag.version == 4 && (frame.format & 0x01U))
-        extra += 4; // its length before unsynchronisation
-    body.remove_prefix(std::min(extra, body.size()));
-    return tag.version == 4 && (frame.format & 0x02U) ? synchronised(body) : std::string(body);
+    const bool isVersion3 = tag.version == 3;
+    if (frame.format & (isVersion3 ? 0x40U : 0x04U)) // encrypted
+        return std::nullopt;
+    const std::size_t group = frame.format & (isVersion3 ? 0x20U : 0x40U) ? 1 : 0;
+    const bool hasLength = isVersion3 ? isCompressed(tag, frame) : (frame.format & 0x01U) != 0;
+    // The length of what was deflated stands before the group in 2.3, and behind it in 2.4.
+    const std::size_t lengthAt = isVersion3 ? 0 : group;
+    const std::uint64_t length
+        = isVersion3 ? bigEndian(body, lengthAt, 4) : syncSafe(body, lengthAt).value_or(0);
+    body.remove_prefix(std::min(group + (hasLength ? 4 : 0), body.size()));
+    std::string plain = !isVersion3 && (frame.format & 0x02U) ? synchronised(body) : std::string(body);
+    return isCompressed(tag, frame) ? inflated(plain, hasLength ? length : 0) : std::move(plain);
 }
 
 Id3v2Frame makeFrame(unsigned version, const std::string &id, const std::string &body)

@@ -6,6 +6,7 @@
 #include "media/tags/SharedBytes.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,10 +56,9 @@ struct Id3v2Tag
 
 /// Whether the frame's body is deflated.
 [[nodiscard]] bool isCompressed(const Id3v2Tag &tag, const Id3v2Frame &frame);
-/// Whether the frame's body cannot be understood here: deflated or encrypted.
-[[nodiscard]] bool isOpaque(const Id3v2Tag &tag, const Id3v2Frame &frame);
-/// The body without what the frame's flags put around it.
-[[nodiscard]] std::string plainBody(const Id3v2Tag &tag, const Id3v2Frame &frame);
+/// The body without what the frame's flags put around it, inflated where it was deflated. Null when it is
+/// encrypted, or inflates to something else than it says, or to more than 16 MiB.
+[[nodiscard]] std::optional<std::string> plainBody(const Id3v2Tag &tag, const Id3v2Frame &frame);
 /// A frame with this body and no flags.
 [[nodiscard]] Id3v2Frame makeFrame(unsigned version, const std::string &id, const std::string &body);
 

@@ -17,6 +17,7 @@ namespace tags {
 namespace {
 
 constexpr std::uint64_t kMaxPictureBytes = 24ULL << 20;
+constexpr unsigned kFrontCover = 3;
 
 /// The library looks for an APE tag right before ID3v1 or the end, and takes each of them for what it
 /// seems to be.
@@ -33,31 +34,48 @@ Edit hiddenAtTheEnd(const ByteSource &source)
     return {};
 }
 
-/// Of the pictures of a FLAC file all but the first ones: the library holds each of them, twice.
+/// Which blocks of a FLAC file the library is to see: of the pictures, each of which it holds twice, the
+/// front covers first, as many as there is room for.
+std::vector<bool> shownBlocks(const ByteSource &source, const std::vector<FlacBlock> &blocks)
+{
+    std::vector<bool> shown(blocks.size());
+    std::uint64_t bytes = 0;
+    for (const bool wantsFront : {true, false}) {
+        for (std::size_t i = 0; i < blocks.size(); ++i) {
+            const FlacBlock &block = blocks[i];
+            if (block.type != FlacBlock::kPicture) {
+                shown[i] = true;
+                continue;
+            }
+            const bool isFront = bigEndian(source.read(block.bodyAt(), 4), 0, 4) == kFrontCover;
+            if (isFront == wantsFront && bytes + block.size <= kMaxPictureBytes) {
+                shown[i] = true;
+                bytes += block.size;
+            }
+        }
+    }
+    return shown;
+}
+
 Edit hiddenPictures(const ByteSource &source)
 {
     const Outcome<FlacBlocks> parsed = FlacBlocks::parse(source);
     if (!parsed.ok())
         return {};
     const std::vector<FlacBlock> &blocks = parsed.value().blocks;
+    const std::vector<bool> shown = shownBlocks(source, blocks);
     Edit hidden;
-    const FlacBlock *lastShown = &blocks.front();
-    std::uint64_t shown = 0;
-    for (const FlacBlock &block : blocks) {
-        const bool isShown = block.type != FlacBlock::kPicture || shown + block.size <= kMaxPictureBytes;
-        if (isShown) {
-            lastShown = &block;
-            shown += block.type == FlacBlock::kPicture ? block.size : 0;
-        } else {
+    bool isLast = true;
+    for (std::size_t i = blocks.size(); i-- > 0;) {
+        const FlacBlock &block = blocks[i];
+        if (!shown[i])
             hidden.push_back({block.offset, block.end() - block.offset, {}});
-        }
+        else if (isLast && !hidden.empty())
+            hidden.push_back(
+                {block.offset, 1, std::string(1, static_cast<char>(block.type | FlacBlock::kLast))});
+        isLast = isLast && !shown[i];
     }
-    if (lastShown != &blocks.back()) {
-        hidden.push_back(
-            {lastShown->offset, 1, std::string(1, static_cast<char>(lastShown->type | FlacBlock::kLast))});
-        std::sort(
-            hidden.begin(), hidden.end(), [](const Patch &a, const Patch &b) { return a.offset < b.offset; });
-    }
+    std::reverse(hidden.begin(), hidden.end());
     return hidden;
 }
 

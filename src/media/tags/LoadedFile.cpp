@@ -19,6 +19,7 @@ namespace {
 constexpr std::size_t kBlockBytes = 1U << 20;
 constexpr std::size_t kSmallBytes = 1U << 12; ///< what is read along with what stands around it
 constexpr std::size_t kAheadBytes = 1U << 16;
+constexpr std::size_t kNearBytes = 1U << 13; ///< no further from the last read, and more is likely to follow
 
 /// A file too large for memory, read where it is asked for.
 class FileSource final : public ByteSource
@@ -42,6 +43,7 @@ private:
     /// A stretch that was read last: headers are many, small, and follow one another.
     mutable std::string m_ahead;
     mutable std::uint64_t m_aheadAt = 0;
+    mutable std::uint64_t m_last = 0; ///< where the last read began
 };
 
 /// Reads up to `count` bytes; fewer at the end of the file, −1 when the system refuses.
@@ -74,14 +76,17 @@ std::string FileSource::read(std::uint64_t offset, std::size_t count) const
 {
     if (offset >= m_size)
         return {};
-    if (count > kSmallBytes)
-        return readNow(offset, count);
     const std::uint64_t wanted = std::min<std::uint64_t>(count, m_size - offset);
-    if (offset < m_aheadAt || offset + wanted > m_aheadAt + m_ahead.size()) {
-        m_ahead = readNow(offset, kAheadBytes);
-        m_aheadAt = offset;
-    }
-    return m_ahead.substr(std::size_t(offset - m_aheadAt), std::size_t(wanted));
+    const bool isAhead = offset >= m_aheadAt && offset + wanted <= m_aheadAt + m_ahead.size();
+    const bool isNear = offset >= m_last && offset - m_last <= kNearBytes;
+    m_last = offset;
+    if (isAhead)
+        return m_ahead.substr(std::size_t(offset - m_aheadAt), std::size_t(wanted));
+    if (count > kSmallBytes || !isNear)
+        return readNow(offset, count);
+    m_ahead = readNow(offset, kAheadBytes);
+    m_aheadAt = offset;
+    return m_ahead.substr(0, std::size_t(wanted));
 }
 
 int openRetrying(const std::string &path, SystemCalls &system)
@@ -175,6 +180,8 @@ Failure systemFailure(int error, const std::string &what)
     if (error == EACCES || error == EPERM)
         return {Reason::NoPermission,
             {"You do not have permission: the file could not be %1. (%2)", {what, why}}};
+    if (what == "written")
+        return {Reason::SystemError, {"The file could not be written, and is as it was. (%1)", {why}}};
     return {Reason::SystemError, {"The file could not be %1. (%2)", {what, why}}};
 }
 
@@ -209,6 +216,13 @@ Outcome<LoadedFile> load(const std::string &path, SystemCalls &system, std::uint
         return *failure;
     loaded.state = stateOf(loaded.status);
     if (loaded.state.size > held) {
+        if (loaded.state.size <= kMaxHashedBytes) {
+            WorkProgress progress;
+            const Outcome<std::uint64_t> hash = contentHash(file->get(), loaded.state.size, system, progress);
+            if (!hash.ok())
+                return hash.failure();
+            loaded.state.hash = hash.value();
+        }
         loaded.source = std::make_unique<FileSource>(std::move(file), loaded.state.size, system);
         return loaded;
     }

@@ -28,7 +28,7 @@ std::vector<FieldEdit> unguardedEdits(const std::vector<LyricField> &fields, std
         return edits;
     const std::string held = holdableText(lyric);
     const std::string heldOfOld = holdableText(old);
-    for (std::size_t i = fields.size(); i-- > 0;) {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
         const LyricField &field = fields[i];
         const std::string text = field.synchronised ? held : std::string(lyric);
         const bool isCopy = field.text == old || (field.synchronised && field.text == heldOfOld);

@@ -32,8 +32,7 @@ namespace tags {
 /// Refused when another field would be read as the lyric then: an untimed lyric does not count where some
 /// field holds times, nor behind another that holds words. An empty one leaves the others to be read.
 ///
-/// Only edits that change something, those of fields that are there from the last to the first, then the new
-/// one.
+/// Only edits that change something.
 [[nodiscard]] Outcome<std::vector<FieldEdit>> lyricEdits(
     const std::vector<LyricField> &fields, std::string_view lyric);
 

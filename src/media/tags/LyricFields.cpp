@@ -58,6 +58,12 @@ bool isSynchronisedName(std::string_view name)
     return name == "SYLT" || name == "WM/Lyrics_Synchronised";
 }
 
+Failure nothingTimed()
+{
+    return {
+        Reason::NotText, "The lyric has no line with a time, so it cannot be kept as a synchronised one."};
+}
+
 std::optional<Failure> tooMuchLyric(const std::vector<LyricField> &fields)
 {
     std::size_t bytes = 0;
@@ -65,7 +71,7 @@ std::optional<Failure> tooMuchLyric(const std::vector<LyricField> &fields)
         bytes += field.text.size();
     if (bytes > kMaxLyricBytes)
         return Failure{Reason::TooLarge,
-            "The lyrics of the file would have more than 16 MiB together, which is more than can be kept."};
+            "The lyrics of the file would have more than 6 MiB together, which is more than can be kept."};
     if (fields.size() > kMaxLyricFields)
         return Failure{Reason::Hostile,
             "The file has more than 1,000 lyrics, which no program writes: it cannot be read safely."};

@@ -31,7 +31,7 @@ struct LyricField
 
 /// What all lyric fields of a file may have together: no song comes near it, and a reader can be made to hold
 /// a multiple of it.
-inline constexpr std::size_t kMaxLyricBytes = 16U << 20;
+inline constexpr std::size_t kMaxLyricBytes = 6U << 20;
 inline constexpr std::size_t kMaxLyricFields = 1000;
 
 /// Which field an edit is about: one that is there, or a new one.
@@ -49,6 +49,9 @@ struct LyricPlace
 
 /// Whether a new field of this name holds times of its own, see LyricField::synchronised.
 [[nodiscard]] bool isSynchronisedName(std::string_view name);
+
+/// The refusal of a new synchronised field for a lyric without times.
+[[nodiscard]] Failure nothingTimed();
 
 /// Why a file cannot have these fields: they are more than `kMaxLyricFields`, or longer than
 /// `kMaxLyricBytes`. Null when it can.

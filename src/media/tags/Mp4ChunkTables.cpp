@@ -84,11 +84,11 @@ std::size_t sampledBytes(const Mp4Atom &file, std::uint64_t offset)
     return std::size_t(std::min<std::uint64_t>(kSampledBytes, end - std::min(offset, end)));
 }
 
-/// Whether `atom` holds offsets into the file of a kind that no song has, and that are not moved here: of
-/// encryption (`saio`), of items (`iloc`).
+/// Whether `atom` holds offsets into the file of a kind that hardly a song has, and that are not moved here:
+/// of encryption (`saio`), of items (`iloc`), in tables that are deflated (`cmov`).
 bool holdsOtherOffsets(const Mp4Atom &atom)
 {
-    return atom.name == "saio" || atom.name == "iloc"
+    return atom.name == "saio" || atom.name == "iloc" || atom.name == "cmov"
         || std::any_of(atom.children.begin(), atom.children.end(), holdsOtherOffsets);
 }
 
@@ -111,7 +111,11 @@ Outcome<Edit> movedChunks(
     const ByteSource &source, const Mp4Atom &file, std::uint64_t from, std::uint64_t delta)
 {
     Edit edit;
-    if (delta == 0)
+    const bool movesSound
+        = std::any_of(file.children.begin(), file.children.end(), [from](const Mp4Atom &part) {
+              return part.end() > from && part.name != "moov" && part.name != "free";
+          });
+    if (delta == 0 || !movesSound)
         return edit;
     if (const Mp4Atom *index = file.child("mfra"); index && index->offset >= from) {
         return Failure{Reason::Unsupported,

@@ -162,12 +162,25 @@ bool syncRetrying(int fd, SystemCalls &system)
     return answer == 0;
 }
 
+int openToRead(const std::string &path, SystemCalls &system)
+{
+    return system.open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0);
+}
+
+/// Two saves of one file look whether it is the one they know, and then replace it: one after the other.
+/// Where files cannot be locked that is not to be had.
+Failure busy()
+{
+    return {Reason::ChangedMeanwhile,
+        "Another program is saving the file at this moment, so it was left alone. Try again when it is "
+        "done."};
+}
+
 /// Extended attributes, access lists among them. What the system does not let us take over is
 /// not worth losing the save for.
 void copyAttributes(const std::string &from, int to, SystemCalls &system)
 {
-    const Descriptor source(
-        system.open(from.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0), system);
+    const Descriptor source(openToRead(from, system), system);
     if (source.get() < 0)
         return;
     std::string names(kMaxAttributeBytes, '\0');
@@ -216,7 +229,7 @@ Outcome<FileState> fill(Temporary &temporary, const ByteSource &content, SystemC
     if (!takeOver() || !syncRetrying(temporary.fd(), system) || system.fstat(temporary.fd(), &status) != 0)
         return notWritten();
     FileState state = stateOf(status);
-    if (state.size <= kMaxMemoryBytes)
+    if (state.size <= kMaxHashedBytes)
         state.hash = hash.value();
     return state;
 }
@@ -278,6 +291,9 @@ Outcome<Replaced> replaceFile(const std::string &path, const ByteSource &content
         [&] { return takeOver(path, old.status, temporary->fd(), system); });
     if (!state.ok())
         return state.failure();
+    const Descriptor target(openToRead(path, system), system);
+    if (target.get() >= 0 && system.lock(target.get()) != 0 && errno == EWOULDBLOCK)
+        return busy();
     if (auto failure = changedMeanwhile(path, old.state, system, progress))
         return *failure;
     if (temporary->rename(path) != 0)

@@ -107,8 +107,9 @@ std::optional<Failure> RiffChunks::inconsistency() const
     if ((exact || isWhole) && !isOpenEnded)
         return std::nullopt;
     return Failure{Reason::Damaged,
-        "The sizes that the file tells of its parts do not fit the file: it is damaged or incomplete, so it "
-        "cannot be saved safely."};
+        "The sizes that the file tells of its parts do not fit the file: it is damaged, or the program that "
+        "wrote "
+        "it never finished it, so it cannot be saved safely. Convert it with an audio program."};
 }
 
 } // namespace tags

@@ -4,13 +4,12 @@
 #include "media/tags/ByteSource.h"
 #include "media/tags/Container.h"
 #include "media/tags/Format.h"
-#include "media/tags/Id3v2Tag.h"
 #include "media/tags/LoadedFile.h"
 #include "media/tags/LyricEdits.h"
 #include "media/tags/PatchedSource.h"
 #include "media/tags/ReplaceFile.h"
+#include "media/tags/SaveRemark.h"
 #include "media/tags/SystemCalls.h"
-#include "media/tags/TagsAtEnd.h"
 #include "media/tags/Verify.h"
 
 #include <algorithm>
@@ -24,7 +23,7 @@ namespace {
 /// How the edits come about, once the fields are known.
 using EditMaker = std::function<Outcome<std::vector<FieldEdit>>(const std::vector<LyricField> &)>;
 
-/// One save: the file, and what it becomes edit by edit.
+/// One save: the file, and what it becomes.
 class Save
 {
 public:
@@ -37,7 +36,6 @@ public:
     [[nodiscard]] Outcome<Saved> run(const EditMaker &makeEdits, const SaveProgress &report);
 
 private:
-    [[nodiscard]] Message hiddenTagRemark() const;
     [[nodiscard]] std::optional<Failure> takeHash();
     [[nodiscard]] std::optional<Failure> apply(
         const Container &container, const std::vector<FieldEdit> &edits);
@@ -51,41 +49,26 @@ private:
     std::unique_ptr<PatchedSource> m_edited; ///< once the edits are made
 };
 
-/// The edits that change something.
-std::vector<FieldEdit> changing(std::vector<FieldEdit> edits, const std::vector<LyricField> &fields)
+/// The edits with what their fields can hold of the texts. What a synchronised field cannot hold a line of
+/// would take it away, which is not what was asked for.
+Outcome<std::vector<FieldEdit>> held(std::vector<FieldEdit> edits, const std::vector<LyricField> &fields)
 {
-    std::erase_if(edits, [&fields](const FieldEdit &edit) {
-        const std::string held = heldText(fields, edit.place, edit.text);
-        // What cannot be held at all is not "no change": it is refused.
-        return edit.place.field ? fields.at(*edit.place.field).text == held : edit.text.empty();
-    });
-    return edits;
-}
-
-/// What a synchronised field cannot hold a line of would take it away, which is not what was asked for.
-std::optional<Failure> unholdable(const std::vector<FieldEdit> &edits, const std::vector<LyricField> &fields)
-{
-    for (const FieldEdit &edit : edits) {
-        if (!edit.text.empty() && heldText(fields, edit.place, edit.text).empty()) {
+    for (FieldEdit &edit : edits) {
+        std::string text = heldText(fields, edit.place, edit.text);
+        if (text.empty() && !edit.text.empty()) {
             return Failure{Reason::Unsupported,
                 "The field holds timed lines alone, and the lyric has none. Choose another field, or give "
                 "the "
                 "lines times."};
         }
+        edit.text = std::move(text);
     }
-    return std::nullopt;
+    return edits;
 }
 
-/// Some programs read an ID3v2 tag, where there is one, and no other.
-Message Save::hiddenTagRemark() const
+bool changes(const FieldEdit &edit, const std::vector<LyricField> &fields)
 {
-    const bool isNewTag = m_format == Format::Mpeg && leadingId3v2Size(*m_file.source) == 0
-        && leadingId3v2Size(*m_edited) > 0;
-    if (!isNewTag || tagsAtEnd(*m_file.source).id3v1 == m_file.source->size())
-        return {};
-    return "The lyric stands in a new ID3v2 tag; title and artist stand in the old ID3v1 tag alone, which "
-           "some "
-           "players do not show now. A tag editor can copy them.";
+    return edit.place.field ? fields.at(*edit.place.field).text != edit.text : !edit.text.empty();
 }
 
 /// A large file's hash was not taken when it was loaded; without one, a change while it is copied could go
@@ -128,29 +111,31 @@ Outcome<Saved> Save::run(const EditMaker &makeEdits, const SaveProgress &report)
     const std::vector<LyricField> fields = container.value()->lyricFields();
     if (m_file.source->hasFailed())
         return Failure{Reason::SystemError, "The file could not be read to its end, so it was left alone."};
-    const Outcome<std::vector<FieldEdit>> made = makeEdits(fields);
+    Outcome<std::vector<FieldEdit>> made = makeEdits(fields);
     if (!made.ok())
         return made.failure();
-    const std::vector<FieldEdit> edits = changing(made.value(), fields);
-    if (edits.empty())
+    if (auto failure = tooMuchLyric(fieldsAfter(fields, made.value())))
+        return *failure;
+    Outcome<std::vector<FieldEdit>> edits = held(std::move(made.value()), fields);
+    if (!edits.ok())
+        return edits.failure();
+    std::erase_if(edits.value(), [&fields](const FieldEdit &edit) { return !changes(edit, fields); });
+    if (edits.value().empty())
         return Saved{m_file.state, false, {}};
-    if (auto failure = unholdable(edits, fields))
-        return *failure;
-    if (auto failure = tooMuchLyric(fieldsAfter(fields, edits)))
-        return *failure;
     // The sound is read before and after the edit; the copy is written once, and compared with once.
-    m_progress = WorkProgress(report, 5 * m_file.state.size);
+    m_progress = WorkProgress(report, (m_file.state.hash ? 4 : 5) * m_file.state.size);
     if (auto failure = takeHash())
         return *failure;
-    if (auto failure = apply(*container.value(), edits))
+    if (auto failure = apply(*container.value(), edits.value()))
         return *failure;
+    const Message remark = remarkOn(*m_file.source, *m_edited, m_format, fields, edits.value());
     if (m_writes == Writes::No)
-        return Saved{m_file.state, true, hiddenTagRemark()};
+        return Saved{m_file.state, true, remark};
     Outcome<Replaced> replaced = replaceFile(m_path, *m_edited, m_file, m_system, m_progress);
     if (!replaced.ok())
         return replaced.failure();
-    Message remark = std::move(replaced.value().remark);
-    return Saved{replaced.value().state, true, remark.empty() ? hiddenTagRemark() : remark};
+    const Message &ofFile = replaced.value().remark;
+    return Saved{replaced.value().state, true, ofFile.empty() ? remark : ofFile};
 }
 
 /// The file as it is now, when that is how it was when its tags were read.

@@ -60,13 +60,13 @@ private:
     [[nodiscard]] bool takeAdded(const LyricField &field);
 
     std::multiset<std::string> m_kept;
-    std::vector<FieldEdit> m_added; ///< with the texts that can be held
+    std::vector<FieldEdit> m_added;
 };
 
 std::string ExpectedFields::identity(const LyricField &field)
 {
     return field.tag + '\n' + field.name + '\n' + field.language + '\n' + field.description + '\n'
-        + field.text;
+        + comparable(field.text);
 }
 
 ExpectedFields::ExpectedFields(const std::vector<LyricField> &before, const std::vector<FieldEdit> &edits)
@@ -74,18 +74,20 @@ ExpectedFields::ExpectedFields(const std::vector<LyricField> &before, const std:
     std::vector<LyricField> fields = before;
     std::vector<bool> isGone(fields.size());
     for (const FieldEdit &edit : edits) {
-        std::string text = heldText(before, edit.place, edit.text);
         if (edit.place.field) {
-            isGone[*edit.place.field] = text.empty();
-            fields[*edit.place.field].text = std::move(text);
+            isGone[*edit.place.field] = edit.text.empty();
+            fields[*edit.place.field].text = edit.text;
         } else {
-            m_added.push_back({edit.place, std::move(text)});
+            m_added.push_back(edit);
         }
     }
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (!isGone[i])
             m_kept.insert(identity(fields[i]));
     }
+    // Those without a name of their own take what the others leave.
+    std::stable_partition(
+        m_added.begin(), m_added.end(), [](const FieldEdit &edit) { return !edit.place.newName.empty(); });
 }
 
 /// The name of a new field, where none was asked for, and its language are the format's.
@@ -135,14 +137,18 @@ bool libraryFinds(
     const LibraryView &view, const std::vector<LyricField> &before, const std::vector<FieldEdit> &edits)
 {
     const std::vector<LyricField> after = fieldsAfter(before, edits);
-    const bool showsAll = view.lyrics.size() >= after.size();
+    std::set<std::string> foundNames;
+    if (view.lyrics.size() < after.size()) {
+        for (const LyricField &field : after) {
+            if (finds(view, field.text))
+                foundNames.insert(field.name);
+        }
+    }
     return std::all_of(edits.begin(), edits.end(), [&](const FieldEdit &edit) {
-        const std::string name = edit.place.field ? before[*edit.place.field].name : edit.place.newName;
-        const auto standsFor = [&](const LyricField &field) {
-            return (name.empty() || field.name.empty() || field.name == name) && finds(view, field.text);
-        };
-        return finds(view, heldText(before, edit.place, edit.text))
-            || (!showsAll && std::any_of(after.begin(), after.end(), standsFor));
+        const std::string &name = edit.place.field ? before[*edit.place.field].name : edit.place.newName;
+        const bool isFoundByName = !foundNames.empty()
+            && (name.empty() || foundNames.contains("") || foundNames.contains(name)); // empty: the usual one
+        return isFoundByName || finds(view, edit.text);
     });
 }
 

@@ -4,6 +4,7 @@
 #include "media/tags/ByteSource.h"
 #include "media/tags/Container.h"
 #include "media/tags/Format.h"
+#include "media/tags/LyricEdits.h"
 #include "media/tags/PatchedSource.h"
 #include "media/tags/Verify.h"
 #include "media/tags/WorkProgress.h"
@@ -70,11 +71,17 @@ std::vector<std::string> newNamesOf(const std::string &bytes)
     return file.container ? file.container->newFieldNames() : std::vector<std::string>();
 }
 
-tags::Outcome<std::string> triedAll(const std::string &bytes, const std::vector<tags::FieldEdit> &edits)
+tags::Outcome<std::string> triedAll(const std::string &bytes, std::vector<tags::FieldEdit> edits)
 {
     const Opened file(bytes);
     if (!file.container)
         return tags::Failure{};
+    // A new synchronised one is refused when nothing of its text can be held.
+    for (tags::FieldEdit &edit : edits) {
+        const std::string held = tags::heldText(file.container->lyricFields(), edit.place, edit.text);
+        if (edit.place.field || !held.empty())
+            edit.text = held;
+    }
     const tags::Outcome<tags::Edit> edit = file.container->withLyrics(edits);
     if (!edit.ok())
         return edit.failure();

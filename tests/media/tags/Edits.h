@@ -29,7 +29,7 @@ namespace edits {
 
 /// Several fields of the file at once.
 [[nodiscard]] tags::Outcome<std::string> triedAll(
-    const std::string &bytes, const std::vector<tags::FieldEdit> &edits);
+    const std::string &bytes, std::vector<tags::FieldEdit> edits);
 [[nodiscard]] std::string editedAll(const std::string &bytes, const std::vector<tags::FieldEdit> &edits);
 
 /// Why it is refused; null when it is not.

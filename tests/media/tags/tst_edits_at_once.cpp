@@ -111,4 +111,19 @@ TEST(EditsOfAsfAtOnce, LongTextsThatMoveToTheLibraryDoNotMixThemUp)
     EXPECT_THAT(texts, ElementsAre("e", longText, longText + "2"));
 }
 
+TEST(EditsOfAsfAtOnce, ObjectsThatAreLeftEmptyGoAndTheOthersStay)
+{
+    const auto content = [](const std::string &name, const std::string &text) {
+        return asfObject(kExtendedContent, attributes({extendedAttribute(name, 0, utf16(text))}));
+    };
+    const auto file = [](const std::vector<std::string> &objects) {
+        return asfFile(contents(sample("untagged.wma")), objects);
+    };
+    const std::string mood = content("WM/Mood", "calm");
+    const std::string bytes = file({content("WM/Lyrics", "a"), mood, content("WM/Lyrics", "b"),
+        content("WM/Lyrics", "c"), asfObject(kPadding, "p")});
+    EXPECT_TRUE(editedAll(bytes, {{field(0), ""}, {field(1), ""}, {field(2), ""}})
+        == file({mood, asfObject(kPadding, "p")}));
+}
+
 } // namespace

@@ -160,4 +160,13 @@ TEST(FieldSet, LabelsSayWhatTellsFieldsApart)
     EXPECT_EQ(tags::labelOf({"ID3v2", "TXXX:LYRICS", "", "LYRICS", "", false}), "TXXX:LYRICS");
 }
 
+TEST(FieldSet, ASynchronisedFieldThatHoldsAllItCanIsNotStale)
+{
+    const std::string lyric = "[ti:x]\n[00:01.00]one\nno time\n";
+    const tags::FieldSet set(
+        {{"ID3v2", "USLT", "eng", "", lyric}, {"ID3v2", "SYLT", "eng", "", "[00:01.00]one\n", true}}, {});
+    EXPECT_FALSE(set.entries()[0].isStale);
+    EXPECT_FALSE(set.entries()[1].isStale);
+}
+
 } // namespace

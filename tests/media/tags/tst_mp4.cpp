@@ -132,12 +132,18 @@ TEST(Mp4, WhatPointsIntoTheFileInOtherWaysIsLeftAlone)
     encrypted.between = atom("moof", atom("traf", atom("saio", offset)));
     Song indexed;
     indexed.between = atom("mfra", atom("tfra", offset));
-    for (const Song &song : {items, encrypted, indexed}) {
+    Song deflated;
+    deflated.more = atom("cmov", std::string(20, 'z'));
+    for (const Song &song : {items, encrypted, indexed, deflated}) {
         const std::string bytes = song.bytes();
         EXPECT_THAT(fieldsOf(bytes), testing::SizeIs(1));
         EXPECT_EQ(refusalOf(bytes, field(0), "longer than it was"), Reason::Unsupported);
         EXPECT_EQ(edited(bytes, field(0), "new").size(), bytes.size());
     }
+    items.soundFirst = true; // nothing that can be pointed at moves
+    const std::string before = items.bytes();
+    items.list = lyricAtom("longer than it was");
+    EXPECT_EQ(edited(before, field(0), "longer than it was"), items.bytes());
 }
 
 TEST(Mp4, ATableTooShortToBeOneStaysAsItIs)

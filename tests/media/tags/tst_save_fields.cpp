@@ -10,10 +10,15 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <thread>
 #include <tuple>
+#include <unistd.h>
+#include <zlib.h>
 
 namespace {
 
@@ -200,7 +205,7 @@ TEST_F(SaveFields, ANewTagBesideAnId3v1TagIsTold)
     ASSERT_EQ(readOk(path).title, "The Title");
     const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
     ASSERT_TRUE(saved.ok()) << saved.failure().message.english();
-    EXPECT_THAT(saved.value().remark.english(), HasSubstr("ID3v1"));
+    EXPECT_THAT(saved.value().remark.english(), HasSubstr("older ID3 tag"));
     const auto again = tags::saveLyric(path, kLyric + "more", saved.value().state);
     ASSERT_TRUE(again.ok());
     EXPECT_EQ(again.value().remark.english(), "");
@@ -295,6 +300,137 @@ TEST_F(SaveFields, LargeFileThatCannotBeReadToItsEndIsLeftAlone)
         ASSERT_FALSE(saved.ok()) << "tenth " << tenth;
         EXPECT_EQ(std::filesystem::last_write_time(path), modified);
         EXPECT_THAT(folder.names(), ElementsAre("large.mp3"));
+    }
+}
+
+TEST_F(SaveFields, WordsWithoutTimesAreRefusedByAnEmptySynchronisedFieldToo)
+{
+    const std::string path = folder.file("empty.mp3");
+    write(path, id3v2(3, {{"SYLT", std::string("\0eng\2\1\0", 7)}}) + contents(sample("untagged.mp3")));
+    const auto saved = tags::saveFields(path, {{{0, {}}, "just words"}}, readOk(path).state);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_THAT(saved.failure().message.english(), HasSubstr("timed lines alone"));
+}
+
+/// A field that another program keeps deflated is a field as any other.
+TEST_F(SaveFields, ADeflatedLyricIsReadAndWrittenAnew)
+{
+    const std::string body = uslt("eng", "notes", "[00:01.00]deflated");
+    uLongf size = compressBound(static_cast<uLong>(body.size()));
+    std::string deflated(size, '\0');
+    ASSERT_EQ(compress(reinterpret_cast<Bytef *>(deflated.data()), &size,
+                  reinterpret_cast<const Bytef *>(body.data()), static_cast<uLong>(body.size())),
+        Z_OK);
+    deflated.resize(size);
+    const std::string path = folder.file("deflated.mp3");
+    for (const int version : {3, 4}) {
+        std::string tag = id3v2(version, {{"USLT", big(body.size(), 4) + deflated}});
+        tag[10 + 9] = version == 3 ? '\x80' : '\x09';
+        write(path, tag + contents(sample("untagged.mp3")));
+        const tags::AudioTags before = readOk(path);
+        ASSERT_EQ(before.lyricFields.size(), 1U) << version;
+        EXPECT_EQ(before.lyricFields.front(),
+            (tags::LyricField{"ID3v2", "USLT", "eng", "notes", "[00:01.00]deflated", false}));
+        ASSERT_TRUE(tags::saveLyric(path, kLyric, before.state).ok());
+        EXPECT_THAT(texts(path), ElementsAre("USLT=" + kLyric));
+        EXPECT_EQ(readOk(path).lyricFields.front().description, "notes");
+    }
+}
+
+TEST_F(SaveFields, ATagThatHidesAnOlderOneIsTold)
+{
+    const std::string id3 = id3v2(3, {{"TIT2", std::string("\0Name", 5)}});
+    const std::string flac = contents(sample("tagged.flac"));
+    constexpr std::size_t infoBytes = 4 + 34;
+    const std::string info = '\x80' + flac.substr(5, infoBytes - 1); // the only block, and the last
+    const std::pair<const char *, std::string> files[] = {{"id3.ape", id3 + contents(sample("untagged.ape"))},
+        {"id3.flac", id3 + "fLaC" + info + flac.substr(flac.find("\xFF\xF8"))}};
+    for (const auto &[name, bytes] : files) {
+        const std::string path = folder.file(name);
+        write(path, bytes);
+        const auto saved = tags::saveLyric(path, kLyric, readOk(path).state);
+        ASSERT_TRUE(saved.ok()) << name << saved.failure().message.english();
+        EXPECT_THAT(saved.value().remark.english(), HasSubstr("older ID3 tag")) << name;
+        const auto again = tags::saveLyric(path, "other words", saved.value().state);
+        EXPECT_TRUE(again.value().remark.empty()) << name;
+    }
+}
+
+TEST_F(SaveFields, AnotherFieldThatIsStaleFromNowOnIsTold)
+{
+    const std::string path = folder.copy(sample("tagged.flac"));
+    const std::vector<tags::FieldEdit> both
+        = {{{{}, "LYRICS"}, "first line\nsecond line"}, {{{}, "SYNCEDLYRICS"}, kLyric}};
+    const auto saved = tags::saveFields(path, both, readOk(path).state);
+    ASSERT_TRUE(saved.ok());
+    EXPECT_TRUE(saved.value().remark.empty());
+    const auto changed = tags::saveLyric(path, "[00:01.00]other words\n", saved.value().state);
+    ASSERT_TRUE(changed.ok());
+    EXPECT_EQ(changed.value().remark.english(),
+        "Another lyric field of the file, LYRICS, says something else now.");
+    const auto again = tags::saveLyric(path, "[00:01.00]other\n", changed.value().state);
+    EXPECT_TRUE(again.value().remark.empty()) << "it was stale before";
+}
+
+/// Written in place by somebody who gives the file its old time back.
+TEST_F(SaveFields, ALargeFileThatChangedUnderItsTimeIsLeftAlone)
+{
+    const std::string path = folder.file("large.mp3");
+    std::string bytes = id3v2(4, {{"USLT", uslt("eng", "", "old words")}}) + contents(sample("untagged.mp3"));
+    bytes += std::string(tags::kMaxMemoryBytes, '\0');
+    write(path, bytes);
+    const tags::AudioTags before = readOk(path);
+    struct stat status = {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    bytes.replace(bytes.find("old words"), 9, "new words");
+    {
+        std::fstream in(path, std::ios::in | std::ios::out | std::ios::binary);
+        in << bytes.substr(0, 200);
+    }
+    const timespec times[] = {status.st_atim, status.st_mtim};
+    ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+    const auto saved = tags::saveLyric(path, kLyric, before.state);
+    ASSERT_FALSE(saved.ok());
+    EXPECT_EQ(saved.failure().reason, tags::Reason::ChangedMeanwhile);
+    EXPECT_THAT(texts(path), ElementsAre("USLT=new words"));
+}
+
+TEST_F(SaveFields, AFileThatAnotherSaveIsAtIsLeftAlone)
+{
+    const std::string path = folder.copy(sample("v24.mp3"));
+    const tags::FileState state = readOk(path).state;
+    const int other = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(flock(other, LOCK_EX | LOCK_NB), 0);
+    const auto refused = tags::saveLyric(path, kLyric, state);
+    ASSERT_FALSE(refused.ok());
+    EXPECT_EQ(refused.failure().reason, tags::Reason::ChangedMeanwhile);
+    EXPECT_THAT(refused.failure().message.english(), HasSubstr("at this moment"));
+    ASSERT_EQ(close(other), 0);
+    EXPECT_TRUE(tags::saveLyric(path, kLyric, state).ok());
+}
+
+/// Two at once on one file: who is told that it was saved finds what it saved.
+TEST_F(SaveFields, OfTwoSavesAtOnceNoneIsLostUntold)
+{
+    const std::string path = folder.copy(sample("tagged.flac"));
+    const std::string before = contents(path);
+    for (int round = 0; round < 60; ++round) {
+        write(path, before);
+        const tags::FileState state = readOk(path).state;
+        const std::string names[] = {"UNSYNCEDLYRICS", "SYNCEDLYRICS"};
+        bool saved[2] = {};
+        const auto save = [&](int i) {
+            saved[i] = tags::saveFields(path, {{{{}, names[i]}, kLyric}}, state).ok();
+        };
+        std::thread beside(save, 0);
+        save(1);
+        beside.join();
+        std::vector<std::string> expected;
+        for (int i = 0; i < 2; ++i) {
+            if (saved[i])
+                expected.push_back(names[i] + '=' + kLyric);
+        }
+        EXPECT_THAT(texts(path), testing::UnorderedElementsAreArray(expected)) << "round " << round;
     }
 }
 
