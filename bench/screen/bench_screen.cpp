@@ -71,8 +71,8 @@ void measureStamps()
     }
     const double bareSmall = bareRepaint(desk);
     desk.load(untimedText(kLarge));
-    const double bareLarge = bareRepaint(desk);
     const std::vector<double> many = stamps(desk, 10'000);
+    const double bareLarge = bareRepaint(desk); // of the same view, with its times
     const double smallMedian = quantile(small, 0.5);
     const std::vector<double> first(many.begin() + 100, many.begin() + 1'100);
     const std::vector<double> firstHundred(many.begin(), many.begin() + 100);
