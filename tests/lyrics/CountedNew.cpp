@@ -15,11 +15,15 @@ counted::Work counted::soFar()
     return g_work;
 }
 
-void *operator new(std::size_t size)
+void *operator new(std::size_t size, const std::nothrow_t &) noexcept
 {
     ++g_work.allocations;
     g_work.bytes += size;
-    void *memory = std::malloc(size == 0 ? 1 : size);
+    return std::malloc(size == 0 ? 1 : size);
+}
+void *operator new(std::size_t size)
+{
+    void *memory = operator new(size, std::nothrow);
     if (!memory)
         throw std::bad_alloc();
     return memory;
