@@ -2,6 +2,8 @@
 #include "media/tags/AudioSamples.h"
 #include "media/tags/AudioTags.h"
 #include "media/tags/FaultySystem.h"
+#include "media/tags/HandMade.h"
+#include "media/tags/SaveLyric.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -212,6 +214,41 @@ TEST(Read, FrameSizesOf23InA24Tag)
     tag[3] = 4;
     write(path, tag + contents(sample("untagged.mp3")));
     EXPECT_EQ(tags::read(path).value().lyric, lyric);
+}
+
+/// More pictures than TagLib is shown: the front cover is among them wherever it stands, and the file stays
+/// one that can be saved.
+TEST(Read, FrontCoverBehindPicturesThatAreTooMany)
+{
+    const auto block = [](int type, const std::string &body) {
+        return static_cast<char>(type) + big(body.size(), 3) + body;
+    };
+    const auto picture = [&](unsigned type, std::size_t size, char filling) {
+        const std::string data(size, filling);
+        return block(
+            6, big(type, 4) + big(9, 4) + "image/png" + std::string(4 + 16, '\0') + big(size, 4) + data);
+    };
+    const std::string flac = contents(sample("tagged.flac"));
+    const std::string info = '\0' + flac.substr(5, 4 + 34 - 1);
+    const std::string pictures
+        = picture(4, 15U << 20, 'b') + picture(3, 10U << 20, 'f') + picture(4, 15U << 20, 'c');
+    const Folder folder(Folder::On::Memory);
+    const std::string path = folder.file("song.flac");
+    for (const bool lastIsHidden : {true, false}) {
+        std::string last
+            = lastIsHidden ? picture(4, 1000, 'd') + picture(4, 15U << 20, 'e') : block(1, "padding");
+        const std::size_t lastAt = lastIsHidden ? picture(4, 1000, 'd').size() : 0;
+        last[lastAt] = static_cast<char>(last[lastAt] | '\x80');
+        write(path, "fLaC" + info + pictures + last + flac.substr(flac.find("\xFF\xF8")));
+        const auto read = tags::read(path);
+        ASSERT_TRUE(read.ok()) << read.failure().message.english();
+        EXPECT_EQ(read.value().cover.size(), std::size_t(10U << 20));
+        EXPECT_EQ(read.value().cover.front(), 'f');
+        EXPECT_GT(read.value().duration, 1.0);
+        const auto saved = tags::saveLyric(path, "[00:01.00]x\n", read.value().state);
+        ASSERT_TRUE(saved.ok()) << saved.failure().message.english();
+        EXPECT_EQ(tags::read(path).value().lyric, "[00:01.00]x\n");
+    }
 }
 
 } // namespace
