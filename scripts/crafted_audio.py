@@ -73,24 +73,22 @@ def uslt(text, language=b"eng"):
     return id3_frame(b"USLT", b"\0" + language + b"\0" + text)
 
 
-@crafted("cover-of-30-mb.mp3", "saved")
-def _():
+def mp3_with_cover(size):
     head = b"\0image/png\0\3\0"
-    size = 30 * MB
     yield id3_header(10 + len(head) + size)
     yield b"APIC" + be32(len(head) + size) + b"\0\0" + head
     yield from repeated(b"\x89PNG", size)
     yield SOUND
+
+
+@crafted("cover-of-30-mb.mp3", "saved")
+def _():
+    yield from mp3_with_cover(30 * MB)
 
 
 @crafted("cover-of-55-mb.mp3", "refused")
 def _():
-    head = b"\0image/png\0\3\0"
-    size = 55 * MB
-    yield id3_header(10 + len(head) + size)
-    yield b"APIC" + be32(len(head) + size) + b"\0\0" + head
-    yield from repeated(b"\x89PNG", size)
-    yield SOUND
+    yield from mp3_with_cover(55 * MB)
 
 
 @crafted("lyric-of-25-mb.mp3", "refused")

@@ -163,6 +163,18 @@ class Costs : public QObject
 {
     Q_OBJECT
 
+private:
+    static void tickWithNothingNew(const World &world, const Paints &paints)
+    {
+        const long long before = support::mallocs();
+        for (int i = 0; i < 100; ++i) {
+            world.container->updatePlayerProgress(12.5);
+        }
+        QCOMPARE(support::mallocs() - before, 0);
+        settle();
+        QCOMPARE(paints.count, 0);
+    }
+
 private Q_SLOTS:
     void init() { support::failOnUnexpectedWarnings(); }
 
@@ -203,13 +215,7 @@ private Q_SLOTS:
             world.container->updatePlayerProgress(12.5);
             settle();
             const Paints paints(world.window.get());
-            const long long before = support::mallocs();
-            for (int i = 0; i < 100; ++i) {
-                world.container->updatePlayerProgress(12.5);
-            }
-            QCOMPARE(support::mallocs() - before, 0);
-            settle();
-            QCOMPARE(paints.count, 0);
+            tickWithNothingNew(world, paints);
             const long long quiet = support::mallocs();
             world.container->updatePlayerProgress(40.5);
             settle();
@@ -228,14 +234,7 @@ private Q_SLOTS:
             QTRY_VERIFY(!world.container->view()->findChild<QWidget *>(QStringLiteral("crossFade")));
             QTRY_VERIFY(!world.preview()->textView()->isGliding());
             settle();
-            const Paints paints(world.window.get());
-            const long long before = support::mallocs();
-            for (int i = 0; i < 100; ++i) {
-                world.container->updatePlayerProgress(12.5);
-            }
-            QCOMPARE(support::mallocs() - before, 0);
-            settle();
-            QCOMPARE(paints.count, 0);
+            tickWithNothingNew(world, Paints(world.window.get()));
         }
     }
 
